@@ -62,10 +62,11 @@ protected:
 
     void timerEvent(QTimerEvent *) override
     {
-        if (!makeWaiting())
-            m_wait = std::min(2 * m_wait, LongestWait);
-        if (!m_waiting.isEmpty())
-            m_timer.start(m_wait, Qt::CoarseTimer, this);
+        // Started anew before the calls: one may run an event loop, in which the timer whose event
+        // this is would stay silent.
+        m_wait = std::min(2 * m_wait, LongestWait);
+        m_timer.start(m_wait, Qt::CoarseTimer, this);
+        makeWaiting();
     }
 
 private:
@@ -81,17 +82,13 @@ private:
         m_timer.start(m_wait, Qt::CoarseTimer, this);
     }
 
-    /// Makes the waiting calls whose objects speak again, in order; whether there were any.
-    bool makeWaiting()
+    /// Makes the waiting calls whose objects speak again, in order.
+    void makeWaiting()
     {
-        bool any = false;
-        while (const auto call = takeFree()) {
-            any = true;
+        while (const auto call = takeFree())
             call->callback(call->object);
-        }
         if (m_waiting.isEmpty())
             m_timer.stop();
-        return any;
     }
 
     std::optional<Call> takeFree()
