@@ -68,7 +68,8 @@ bool isClosingKey(int key)
 
 } // namespace
 
-CNumEdit::CNumEdit(QWidget *parent) : QFrame(parent, Qt::Popup), m_field(new QLineEdit)
+CNumEdit::CNumEdit(QWidget *parent)
+    : QFrame(parent, Qt::Popup | Qt::FramelessWindowHint), m_field(new QLineEdit)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     // The click that leaves the popup must not also operate what lies under it.
@@ -101,7 +102,8 @@ void CNumEdit::doEdit(const QRect &anchor, const QString &text, bool selectAll)
     m_field->setText(text);
     if (selectAll)
         m_field->selectAll();
-    adjustSize();
+    ensurePolished();
+    resize(sizeHint());
     move(placeAt(anchor, size(), screenOf(anchor, *this)->availableGeometry()));
     show();
     m_field->setFocus(Qt::PopupFocusReason);

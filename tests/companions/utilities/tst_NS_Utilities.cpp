@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: MIT
+#include "interfaces/utilities/NS_Utilities.h"
+
+#include <QFile>
+#include <QImage>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QThread>
+
+namespace {
+
+const bool s_mainThreadBeforeApplication = NS_Utilities::mainThreadRunning();
+
+void writePicture(const QString &file, int size)
+{
+    QImage image(size, size, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QVERIFY2(image.save(file), qPrintable(file));
+}
+
+} // namespace
+
+class TestUtilities : public QObject
+{
+    Q_OBJECT
+
+public:
+    static void initMain() { qputenv("QT_SCALE_FACTOR", "2"); }
+
+private Q_SLOTS:
+    void theMainThreadIsTheApplicationsOne();
+    void askingForTheThreadCostsNanoseconds();
+    void theDensestFittingVersionIsChosen_data();
+    void theDensestFittingVersionIsChosen();
+    void aLoadedPictureKnowsItsRatio();
+    void aMissingPictureWarnsOnce();
+    void modifiersAreThoseOfTheEvent();
+    void greyHasTheLuminanceHalfWayToTheMiddle_data();
+    void greyHasTheLuminanceHalfWayToTheMiddle();
+    void greyKeepsAlphaAndRatio();
+};
+
+void TestUtilities::theMainThreadIsTheApplicationsOne()
+{
+    QVERIFY(!s_mainThreadBeforeApplication);
+    QVERIFY(NS_Utilities::mainThreadRunning());
+    bool elsewhere = true;
+    const std::unique_ptr<QThread> thread(
+        QThread::create([&elsewhere] { elsewhere = NS_Utilities::mainThreadRunning(); }));
+    thread->start();
+    QVERIFY(thread->wait());
+    QVERIFY(!elsewhere);
+}
+
+void TestUtilities::askingForTheThreadCostsNanoseconds()
+{
+    constexpr int Rounds = 1'000'000;
+    int yes = 0;
+    QElapsedTimer clock;
+    clock.start();
+    for (int i = 0; i < Rounds; ++i)
+        yes += NS_Utilities::mainThreadRunning();
+    const double each = double(clock.nsecsElapsed()) / Rounds;
+    QCOMPARE(yes, Rounds);
+    // Far above what it takes, so that a loaded machine and sanitizers pass, and far below a lock or
+    // a system call.
+    QVERIFY2(each < 200, qPrintable(QString::number(each)));
+}
+
+void TestUtilities::theDensestFittingVersionIsChosen_data()
+{
+    QTest::addColumn<QStringList>("present");
+    QTest::addColumn<qreal>("scale");
+    QTest::addColumn<QString>("expected");
+
+    const QStringList all{"a.b.png", "a.b@2x.png", "a.b@3x.png"};
+    QTest::newRow("plain screen") << all << 1.0 << "a.b.png";
+    QTest::newRow("fractional scale") << all << 1.25 << "a.b@2x.png";
+    QTest::newRow("double scale") << all << 2.0 << "a.b@2x.png";
+    QTest::newRow("beyond double") << all << 2.5 << "a.b@3x.png";
+    QTest::newRow("beyond all versions") << all << 4.0 << "a.b@3x.png";
+    QTest::newRow("next best below") << QStringList{"a.b.png", "a.b@2x.png"} << 3.0 << "a.b@2x.png";
+    QTest::newRow("only the plain one") << QStringList{"a.b.png"} << 2.0 << "a.b.png";
+    QTest::newRow("no suffix, dotted folder") << QStringList{"knob", "knob@2x"} << 2.0 << "knob@2x";
+}
+
+void TestUtilities::theDensestFittingVersionIsChosen()
+{
+    QFETCH(QStringList, present);
+    QFETCH(qreal, scale);
+    QFETCH(QString, expected);
+
+    const QTemporaryDir folder(QDir::tempPath() + "/pictures.XXXXXX");
+    for (const QString &name : present) {
+        QFile file(folder.filePath(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+    QCOMPARE(NS_Utilities::pixmapFile(folder.filePath(present.first()), scale),
+             folder.filePath(expected));
+}
+
+void TestUtilities::aLoadedPictureKnowsItsRatio()
+{
+    const QTemporaryDir folder;
+    writePicture(folder.filePath("dense.png"), 10);
+    writePicture(folder.filePath("dense@2x.png"), 20);
+    writePicture(folder.filePath("plain.png"), 10);
+
+    const QPixmap dense = NS_Utilities::loadPixmap(folder.filePath("dense.png"));
+    QCOMPARE(dense.size(), QSize(20, 20));
+    QCOMPARE(dense.devicePixelRatio(), 2.0);
+    const QPixmap plain = NS_Utilities::loadPixmap(folder.filePath("plain.png"));
+    QCOMPARE(plain.size(), QSize(10, 10));
+    QCOMPARE(plain.devicePixelRatio(), 1.0);
+}
+
+void TestUtilities::aMissingPictureWarnsOnce()
+{
+    QTest::ignoreMessage(QtWarningMsg, "No picture \"nowhere/knob.png\"");
+    QVERIFY(NS_Utilities::loadPixmap("nowhere/knob.png").isNull());
+    QTest::failOnWarning(QRegularExpression(".*"));
+    QVERIFY(NS_Utilities::loadPixmap("nowhere/knob.png").isNull());
+}
+
+void TestUtilities::modifiersAreThoseOfTheEvent()
+{
+    class Listener : public QWidget
+    {
+    public:
+        Qt::KeyboardModifiers heard;
+
+    protected:
+        void mousePressEvent(QMouseEvent *) override { heard = NS_Utilities::modifierState(); }
+    };
+    Listener listener;
+    listener.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&listener));
+    QTest::mousePress(listener.windowHandle(), Qt::LeftButton,
+                      Qt::ControlModifier | Qt::ShiftModifier, {5, 5});
+    QCOMPARE(listener.heard, Qt::ControlModifier | Qt::ShiftModifier);
+}
+
+void TestUtilities::greyHasTheLuminanceHalfWayToTheMiddle_data()
+{
+    QTest::addColumn<QColor>("colour");
+    QTest::addColumn<int>("grey");
+
+    QTest::newRow("black") << QColor(0, 0, 0) << 64;
+    QTest::newRow("white") << QColor(255, 255, 255) << 191;
+    QTest::newRow("middle stays") << QColor(128, 128, 128) << 128;
+    QTest::newRow("red") << QColor(255, 0, 0) << 91;
+    QTest::newRow("green is lightest") << QColor(0, 255, 0) << 155;
+    QTest::newRow("blue is darkest") << QColor(0, 0, 255) << 73;
+    QTest::newRow("half transparent white") << QColor(255, 255, 255, 128) << 191;
+    QTest::newRow("half transparent black") << QColor(0, 0, 0, 128) << 64;
+}
+
+void TestUtilities::greyHasTheLuminanceHalfWayToTheMiddle()
+{
+    QFETCH(QColor, colour);
+    QFETCH(int, grey);
+
+    QPixmap picture(3, 2);
+    picture.fill(colour);
+    const QImage image = NS_Utilities::applyGreyTransformation(picture);
+    QCOMPARE(image.size(), QSize(3, 2));
+    const QColor result = image.pixelColor(2, 1);
+    QCOMPARE(result.alpha(), colour.alpha());
+    QCOMPARE(result.red(), result.green());
+    QCOMPARE(result.red(), result.blue());
+    QVERIFY2(qAbs(result.red() - grey) <= 2, qPrintable(QString::number(result.red())));
+}
+
+void TestUtilities::greyKeepsAlphaAndRatio()
+{
+    QPixmap picture(4, 4);
+    picture.setDevicePixelRatio(2);
+    picture.fill(Qt::transparent);
+    const QImage image = NS_Utilities::applyGreyTransformation(picture);
+    QCOMPARE(image.devicePixelRatio(), 2.0);
+    QCOMPARE(image.pixel(0, 0), 0U); // premultiplied: nothing, not a transparent grey
+    QVERIFY(NS_Utilities::applyGreyTransformation(QPixmap()).isNull());
+}
+
+QTEST_MAIN(TestUtilities)
+#include "tst_NS_Utilities.moc"
