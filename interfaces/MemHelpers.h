@@ -8,16 +8,23 @@
 class TMemSilentHelper
 {
 public:
-    TMemSilentHelper(unsigned char &counter, int operation) : m_counter(counter)
+    TMemSilentHelper(unsigned char &counter, int operation) : m_counter(&counter)
     {
         Q_UNUSED(operation)
-        ++m_counter;
+        ++*m_counter;
     }
-    ~TMemSilentHelper() { --m_counter; }
+    ~TMemSilentHelper()
+    {
+        if (m_counter)
+            --*m_counter;
+    }
     Q_DISABLE_COPY_MOVE(TMemSilentHelper)
 
+    /// The proxy died meanwhile, and its counter with it.
+    void dismiss() { m_counter = nullptr; }
+
 private:
-    unsigned char &m_counter;
+    unsigned char *m_counter;
 };
 
 /// Says, for its lifetime, on whose behalf the memory is written: the memory reads the proxy's undo

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/binding/Binding.h"
+
+#include "interfaces/ParamStream.h"
+#include "interfaces/utilities/NS_Utilities.h"
+
+#include <QRegularExpression>
+
+namespace {
+
+/// The table that marks an on/off parameter, and the maximum at which such a parameter is on at 5.
+constexpr int OnOffTable = -3;
+constexpr int OnOffFiveMaximum = 5;
+
+QDataStream *streamIn(const Q_UINT8 *data)
+{
+    return reinterpret_cast<QDataStream *>(const_cast<Q_UINT8 *>(data));
+}
+
+int pastedValue(TMemProxy &proxy, const Q_UINT8 *data)
+{
+    const TParamInfoReader reader(streamIn(data));
+    TParamInfo info = reader.info();
+    info.element = proxy.element;
+    if (reader.isValid() && proxy.memAPI()->applyParamInfo(proxy.group, proxy.index, info, 0))
+        return info.value;
+    return binding::read(proxy);
+}
+
+int defaultValue(const TMemProxy &proxy, bool alternative, int *unavailable)
+{
+    return proxy.memAPI()->readDefault(proxy.group, proxy.index, proxy.element, alternative,
+                                       unavailable);
+}
+
+int alternativeDefaultValue(const TMemProxy &proxy)
+{
+    int unavailable = 0;
+    const int value = defaultValue(proxy, true, &unavailable);
+    return unavailable ? defaultValue(proxy, false, nullptr) : value;
+}
+
+} // namespace
+
+void binding::attach(TMemProxy &proxy)
+{
+    proxy.memAPI()->attachProxy(&proxy, proxy.packed(), 0);
+}
+
+void binding::detach(TMemProxy &proxy)
+{
+    if (proxy.isAttached() && ready(proxy))
+        proxy.memAPI()->detachProxy(&proxy, proxy.packed());
+    proxy.setAttached(false);
+}
+
+bool binding::handOverToMainThread(TMemProxy &proxy)
+{
+    if (NS_Utilities::mainThreadRunning())
+        return false;
+    MAPI_postObserverEvent(proxy.memAPI(), &proxy);
+    return true;
+}
+
+binding::Range binding::range(const TMemProxy &proxy)
+{
+    const IMemAPI &memory = *proxy.memAPI();
+    return {memory.readMinimum(proxy.group, proxy.index, proxy.element, 0),
+            memory.readMaximum(proxy.group, proxy.index, proxy.element, 0)};
+}
+
+int binding::read(const TMemProxy &proxy)
+{
+    return proxy.memAPI()->readValue(proxy.group, proxy.index, proxy.element, 0, 0);
+}
+
+int binding::incomingValue(TMemProxy &proxy, const Q_UINT8 *data, int operation)
+{
+    switch (operation) {
+    case TMemProxyBasic::ResetToDefault:
+        return defaultValue(proxy, false, nullptr);
+    case TMemProxyBasic::ResetToAlternativeDefault:
+        return alternativeDefaultValue(proxy);
+    case TMemProxyBasic::Paste:
+        return pastedValue(proxy, data);
+    case TMemProxyBasic::Copy: {
+        const int value = read(proxy);
+        TParamInfoWriter(proxy, value, streamIn(data), -1);
+        return value;
+    }
+    default:
+        return read(proxy);
+    }
+}
+
+int binding::write(TMemProxy &proxy, int value)
+{
+    IMemAPI *memory = proxy.memAPI();
+    if (!memory)
+        return value;
+    const UnpackedAddress at{proxy.group, proxy.index, proxy.element};
+    {
+        const TMemOriginHelper origin(memory, &proxy);
+        const int token = memory->undoToken(0, 1);
+        memory->writeValue(at.group, at.index, at.element, value, token);
+    }
+    return memory->readValue(at.group, at.index, at.element, 0, 0);
+}
+
+void binding::beginGesture(TMemProxy &proxy)
+{
+    if (ready(proxy))
+        proxy.memAPI()->beginGesture(&proxy);
+}
+
+void binding::endGesture(TMemProxy &proxy)
+{
+    if (ready(proxy))
+        proxy.memAPI()->endGesture(&proxy);
+}
+
+binding::Display binding::display(const TMemProxy &proxy, int value, Range bounds)
+{
+    const int table = proxy.tableId();
+    const bool fromZero = table >= 0 && bounds.minimum < 0;
+    const int position = fromZero ? static_cast<int>(qint64(value) - bounds.minimum) : value;
+    const bool onOffFive = table == OnOffTable && bounds.maximum == OnOffFiveMaximum;
+    Display shown;
+    proxy.memAPI()->valueText(proxy.element + proxy.elementOffset(), table, shown.text,
+                              shown.pixmap, position, onOffFive, proxy.group, proxy.index);
+    return shown;
+}
+
+QString binding::addressInWords(const QString &namedAddress)
+{
+    static const QRegularExpression unit(QStringLiteral("^[0-9A-F]{2}(?=k[A-Z])"));
+    static const QRegularExpression prefix(QStringLiteral("(^|/)k(?=[A-Z0-9])"));
+    static const QRegularExpression seam(
+        QStringLiteral("(?<=[a-z])(?=[A-Z0-9])|(?<=[A-Z0-9])(?=[A-Z][a-z])"));
+    QString words = namedAddress;
+    words.remove(unit);
+    words.replace(prefix, QStringLiteral("\\1"));
+    words.replace(u'/', u' ').replace(u'_', u' ');
+    words.replace(seam, QStringLiteral(" "));
+    return words.simplified();
+}

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "interfaces/TMemProxy.h"
+
+/// The properties that every bound control publishes, with their setters as slots. Stands in the class
+/// right after Q_OBJECT; the meaning of each is told at TMemProxy.
+#define BOUND_PROPERTIES                                                                           \
+    Q_PROPERTY(QString namedAddress READ namedAddress WRITE setNamedAddress)                       \
+    Q_PROPERTY(int tableId READ tableId WRITE setTableId)                                          \
+    Q_PROPERTY(int numDefaultKind READ numDefaultKind WRITE setNumDefaultKind)                     \
+    Q_PROPERTY(bool undoEnable READ isUndoEnable WRITE setUndoEnable)                              \
+    Q_PROPERTY(bool disableAutoHide READ disableAutoHide WRITE setDisableAutoHide)                 \
+public:                                                                                            \
+    Q_SLOT void setNamedAddress(const QString &name) override                                      \
+    {                                                                                              \
+        TMemProxy::setNamedAddress(name);                                                          \
+    }                                                                                              \
+    Q_SLOT void setTableId(int id) override                                                        \
+    {                                                                                              \
+        TMemProxy::setTableId(id);                                                                 \
+    }                                                                                              \
+    Q_SLOT void setNumDefaultKind(int kind) override                                               \
+    {                                                                                              \
+        TMemProxy::setNumDefaultKind(kind);                                                        \
+    }                                                                                              \
+    Q_SLOT void setUndoEnable(bool enable) override                                                \
+    {                                                                                              \
+        TMemProxy::setUndoEnable(enable);                                                          \
+    }                                                                                              \
+    Q_SLOT void setDisableAutoHide(bool disable) override                                          \
+    {                                                                                              \
+        TMemProxy::setDisableAutoHide(disable);                                                    \
+    }                                                                                              \
+                                                                                                   \
+private:
+
+/// The signals that tell a control's value: as stored in the memory, as display text or picture, and
+/// whether the control stands at its minimum (which in alternative-address mode means off).
+#define BOUND_SIGNALS                                                                              \
+public:                                                                                            \
+    Q_SIGNAL void memoryAPIValueChange(int value);                                                 \
+    Q_SIGNAL void textualValueChange(const QString &text);                                         \
+    Q_SIGNAL void pixmapValueChange(const QPixmap &picture);                                       \
+    Q_SIGNAL void altAddressMode(bool atMinimum);                                                  \
+                                                                                                   \
+private:
+
+/// What every bound control publishes.
+#define BOUND_PARAMETER                                                                            \
+    BOUND_PROPERTIES                                                                               \
+    BOUND_SIGNALS

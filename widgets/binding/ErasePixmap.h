@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "widgets/Export.h"
+
+#include <QPixmap>
+#include <QString>
+
+#include <functional>
+
+class QWidget;
+
+/// A control's whole picture as a pixmap of its own size: made when somebody asks, kept until the
+/// picture changes. Ten changes between two looks cost one rendering. GUI thread.
+class CONSOLEWIDGETS_EXPORT ErasePixmap
+{
+public:
+    /// Draws the control onto its background.
+    using Paint = std::function<void(QPainter &)>;
+
+    /// The picture has changed.
+    void invalidate() { m_stale = true; }
+
+    /// The picture, rendered if it is stale. With a `key` it is taken from Qt's pixmap cache, or
+    /// rendered and put there.
+    const QPixmap &pixmap(const QWidget &widget, const QString &key, const Paint &paint);
+
+    /// Makes sure that the cache holds the picture under `key`, for the controls that share it.
+    static QPixmap shared(const QWidget &widget, const QString &key, const Paint &paint);
+
+    /// A new pixmap of the widget's size that starts from the widget's background.
+    static QPixmap render(const QWidget &widget, const Paint &paint);
+
+private:
+    QPixmap m_pixmap;
+    bool m_stale = true;
+};

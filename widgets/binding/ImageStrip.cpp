@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/binding/ImageStrip.h"
+
+#include "interfaces/utilities/NS_Utilities.h"
+
+#include <QDebug>
+#include <QPainter>
+
+void ImageStrip::setPicture(const QPixmap &picture)
+{
+    m_picture = picture;
+    m_greyRow = -1;
+}
+
+void ImageStrip::setRows(int rows)
+{
+    m_rows = rows;
+    m_greyRow = -1;
+}
+
+void ImageStrip::setCategories(int categories)
+{
+    // Deliberate: three bits, so 9 is 1 and 8 is none.
+    m_categories = static_cast<unsigned>(categories) & 7U;
+    m_greyRow = -1;
+}
+
+bool ImageStrip::setCurrentCategory(int category)
+{
+    if (category >= categories())
+        return false;
+    m_currentCategory = category;
+    return true;
+}
+
+QSizeF ImageStrip::cellSize() const
+{
+    return QSizeF(cell(0, 0).size()) / m_picture.devicePixelRatio();
+}
+
+bool ImageStrip::covers(const QSize &size) const
+{
+    if (m_picture.isNull() || m_picture.hasAlphaChannel())
+        return false;
+    const QSizeF own = cellSize();
+    return own.width() >= size.width() && own.height() >= size.height();
+}
+
+bool ImageStrip::outlineContains(int row, bool enabled, const QPoint &point) const
+{
+    const QPoint at = shownCell(row, enabled);
+    const QRect source = cell(at.x(), at.y());
+    const qreal ratio = m_picture.devicePixelRatio();
+    const QPoint pixel = source.topLeft() + (QPointF(point) * ratio).toPoint();
+    if (!source.contains(pixel))
+        return false;
+    if (!m_picture.hasAlphaChannel())
+        return true;
+    const QImage line = m_picture.copy(source.x(), pixel.y(), source.width(), 1).toImage();
+    int first = 0;
+    int last = line.width() - 1;
+    while (first <= last && qAlpha(line.pixel(first, 0)) == 0)
+        ++first;
+    while (last >= first && qAlpha(line.pixel(last, 0)) == 0)
+        --last;
+    const int x = pixel.x() - source.x();
+    return first <= x && x <= last;
+}
+
+void ImageStrip::draw(QPainter &painter, int row, bool enabled) const
+{
+    const QPoint at = shownCell(row, enabled);
+    if (at.y() < 0 || at.y() >= m_rows || m_picture.isNull())
+        return;
+    if (enabled || m_disabledRow >= 0)
+        NS_Utilities::drawPartialPixmap(painter, at, m_picture, {categories(), m_rows}, false);
+    else
+        drawGrey(painter, row);
+}
+
+void ImageStrip::warnIfUneven(const QObject &owner) const
+{
+    if (m_picture.isNull() || m_rows < 1 || m_categories < 1)
+        return;
+    if (m_picture.height() % m_rows == 0 && m_picture.width() % categories() == 0)
+        return;
+    qWarning().noquote().nospace()
+        << owner.metaObject()->className() << " \"" << owner.objectName() << "\": a picture of "
+        << m_picture.width() << " x " << m_picture.height() << " pixels does not divide into "
+        << categories() << " columns and " << m_rows << " rows; the rest is cut off.";
+}
+
+QRect ImageStrip::cell(int category, int row) const
+{
+    return NS_Utilities::partialPixmapRect({category, row}, m_picture, {categories(), m_rows});
+}
+
+QPoint ImageStrip::shownCell(int row, bool enabled) const
+{
+    if (enabled)
+        return {m_currentCategory, row};
+    if (m_disabledRow >= 0)
+        return {m_currentCategory, m_disabledRow};
+    // Deliberate: a control without a disabled picture turns column 0 grey, whatever its category.
+    return {0, row};
+}
+
+void ImageStrip::drawGrey(QPainter &painter, int row) const
+{
+    if (row != m_greyRow) {
+        QPixmap colour = m_picture.copy(cell(0, row));
+        colour.setDevicePixelRatio(m_picture.devicePixelRatio());
+        m_grey = QPixmap::fromImage(NS_Utilities::applyGreyTransformation(colour));
+        m_greyRow = row;
+    }
+    NS_Utilities::drawPartialPixmap(painter, {0, 0}, m_grey, {1, 1}, false);
+}

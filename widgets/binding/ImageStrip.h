@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "widgets/Export.h"
+
+#include <QPixmap>
+#include <QRect>
+#include <QSizeF>
+
+class QObject;
+class QPainter;
+
+/// All pictures of a control in one: a grid of equal cells, the columns being alternative looks
+/// (categories) and the rows value positions, one of which may show the disabled control.
+/// Sizes for layout and drawing are device-independent: a picture with device pixel ratio 2 counts
+/// half its pixels. GUI thread.
+class CONSOLEWIDGETS_EXPORT ImageStrip
+{
+public:
+    const QPixmap &picture() const { return m_picture; }
+    void setPicture(const QPixmap &picture);
+
+    int rows() const { return m_rows; }
+    void setRows(int rows);
+
+    int categories() const { return m_categories; }
+    /// Keeps the value modulo 8.
+    void setCategories(int categories);
+
+    /// The row of the disabled picture; negative: none, the disabled control is shown grey.
+    int disabledRow() const { return m_disabledRow; }
+    void setDisabledRow(int row) { m_disabledRow = row; }
+
+    /// The column in use; -1 until one is chosen, drawn as column 0.
+    int currentCategory() const { return m_currentCategory; }
+    /// False, and nothing changed, for a column at or beyond the number of categories.
+    bool setCurrentCategory(int category);
+
+    /// How many rows stand for values.
+    int valueRows() const { return m_rows - (m_disabledRow >= 0 ? 1 : 0); }
+
+    /// The size of one cell; empty without a picture or cells.
+    QSizeF cellSize() const;
+
+    /// Whether one cell covers a widget of that size without letting anything shine through.
+    bool covers(const QSize &size) const;
+
+    /// Whether `point` lies inside the outline of the cell that drawRow() draws: between the
+    /// leftmost and the rightmost visible pixel of its line.
+    bool outlineContains(int row, bool enabled, const QPoint &point) const;
+
+    /// Draws, at the painter's origin, the look of a control at value row `row`: when disabled the
+    /// disabled picture or else column 0 in grey. Nothing for rows that do not exist.
+    void draw(QPainter &painter, int row, bool enabled) const;
+
+    /// One warning, naming `owner`, when rows or columns do not divide the picture.
+    void warnIfUneven(const QObject &owner) const;
+
+private:
+    QRect cell(int category, int row) const;
+    QPoint shownCell(int row, bool enabled) const;
+    void drawGrey(QPainter &painter, int row) const;
+
+    QPixmap m_picture;
+    int m_rows = 1;
+    int m_disabledRow = -1;
+    int m_currentCategory = -1;
+    unsigned m_categories : 3 = 1;
+    mutable int m_greyRow = -1;
+    mutable QPixmap m_grey;
+};
