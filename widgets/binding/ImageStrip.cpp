@@ -107,8 +107,11 @@ QPoint ImageStrip::shownCell(int row, bool enabled) const
 
 void ImageStrip::drawGrey(QPainter &painter, int row) const
 {
+    const QRect source = cell(0, row);
+    if (source.isEmpty())
+        return;
     if (row != m_greyRow) {
-        QPixmap colour = m_picture.copy(cell(0, row));
+        QPixmap colour = m_picture.copy(source);
         colour.setDevicePixelRatio(m_picture.devicePixelRatio());
         m_grey = QPixmap::fromImage(NS_Utilities::applyGreyTransformation(colour));
         m_greyRow = row;
