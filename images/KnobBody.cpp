@@ -19,8 +19,8 @@ namespace {
 constexpr QColor edgeColour(5, 6, 7);
 constexpr QColor skirtTop(70, 74, 81);
 constexpr QColor skirtBottom(20, 21, 24);
-constexpr QColor metalBright(98, 103, 111);
-constexpr QColor metalDark(46, 49, 54);
+constexpr QColor metalBright(108, 113, 121);
+constexpr QColor metalDark(50, 53, 58);
 constexpr QColor pointerColour(246, 248, 250);
 
 void fillCircle(QPainter &painter, double radius, const QBrush &brush)

@@ -5,30 +5,30 @@ namespace artwork {
 
 const KnobGeometry largeKnob{
     .cell = {56, 56},
-    .ringRadius = 23.0,
-    .ringWidth = 3.0,
-    .markInner = 25.6,
-    .markOuter = 28.6,
-    .bodyRadius = 18.4,
-    .capRadius = 14.2,
-    .pointerFrom = 6.5,
-    .pointerTo = 16.6,
+    .ringRadius = 22.8,
+    .ringWidth = 2.8,
+    .markInner = 25.0,
+    .markOuter = 28.4,
+    .bodyRadius = 18.8,
+    .capRadius = 14.6,
+    .pointerFrom = 6.6,
+    .pointerTo = 17.0,
     .pointerWidth = 2.1,
-    .gripCount = 36,
+    .gripCount = 32,
 };
 
 const KnobGeometry smallKnob{
     .cell = {36, 36},
-    .ringRadius = 14.9,
-    .ringWidth = 2.4,
-    .markInner = 16.9,
-    .markOuter = 19.0,
-    .bodyRadius = 11.3,
-    .capRadius = 8.6,
+    .ringRadius = 14.3,
+    .ringWidth = 2.2,
+    .markInner = 15.9,
+    .markOuter = 18.2,
+    .bodyRadius = 11.7,
+    .capRadius = 9.0,
     .pointerFrom = 3.4,
-    .pointerTo = 10.3,
-    .pointerWidth = 1.7,
-    .gripCount = 24,
+    .pointerTo = 10.6,
+    .pointerWidth = 1.8,
+    .gripCount = 20,
 };
 
 double angleAt(double position)

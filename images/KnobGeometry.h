@@ -22,7 +22,7 @@ struct KnobGeometry
     double pointerFrom; ///< inner end of the indicator line
     double pointerTo;   ///< outer end of the indicator line
     double pointerWidth;
-    int gripCount;      ///< grooves around the skirt
+    int gripCount; ///< grooves around the skirt
 };
 
 /// The two sizes of the editor: main controls and the dense rows of a strip.

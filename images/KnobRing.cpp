@@ -5,7 +5,6 @@
 #include "images/KnobGeometry.h"
 #include "images/KnobStyle.h"
 
-#include <QConicalGradient>
 #include <QPainter>
 
 #include <algorithm>
@@ -17,24 +16,42 @@ namespace {
 
 constexpr QColor grooveColour(9, 10, 12, 215);
 constexpr QColor grooveLip(255, 255, 255, 26);
-constexpr QColor markColour(176, 184, 194, 150);
-constexpr double segmentDegrees = 5.2;
+constexpr QColor markColour(184, 192, 202, 190);
+
+// Layers of light around the lit part, each as strong as the others: together they fade outwards.
+constexpr int glowLayers = 5;
+constexpr int glowAlpha = 20;
+constexpr double glowSpread = 3.2;
+
+// A ring with detents is a row of ticks: thicker than an unbroken ring, about half of it gap.
+constexpr double segmentShare = 0.5;
+constexpr double segmentThickness = 1.5;
 
 // Upright and level marks have less room than diagonal ones: the cell ends there.
 double markEnd(const KnobGeometry &geometry, double angle)
 {
-    const double room = geometry.cell.width() / 2.0 - 0.8;
+    const double room = geometry.cell.width() / 2.0 - 1.0;
     const double turn = radians(angle);
     return std::min(geometry.markOuter,
                     room / std::max(std::abs(std::sin(turn)), std::abs(std::cos(turn))));
 }
 
-void paintMarks(QPainter &painter, const KnobStyle &style)
+// The mark at twelve o'clock is all that can be lit while a knob that starts there rests there.
+bool marksRest(const KnobStyle &style, double position, double markPosition)
+{
+    return style.enabled && style.origin == KnobStyle::Origin::Centre && position == 0.5
+           && markPosition == position;
+}
+
+void paintMarks(QPainter &painter, const KnobStyle &style, double position)
 {
     const KnobGeometry &geometry = style.geometry;
-    painter.setPen(QPen(markColour, 1.0, Qt::SolidLine, Qt::FlatCap));
     for (int mark = 0; mark < style.marks; ++mark) {
-        const double angle = angleAt(positionOfRow(mark, style.marks));
+        const double markPosition = positionOfRow(mark, style.marks);
+        const double angle = angleAt(markPosition);
+        const bool lit = marksRest(style, position, markPosition);
+        painter.setPen(
+            QPen(lit ? style.accent : markColour, lit ? 2.0 : 1.2, Qt::SolidLine, Qt::FlatCap));
         painter.drawLine(pointAt(angle, geometry.markInner),
                          pointAt(angle, markEnd(geometry, angle)));
     }
@@ -45,18 +62,6 @@ void strokeArc(QPainter &painter, double radius, const LitArc &arc, const QPen &
     painter.setPen(pen);
     painter.setBrush(Qt::NoBrush);
     painter.drawPath(arcPath(radius, arc.from, arc.to));
-}
-
-// Brightens towards the value, so that the eye finds the end of the arc first.
-QBrush arcBrush(const LitArc &arc, const QColor &colour)
-{
-    constexpr double turn = 360.0;
-    constexpr double sixOClock = 180.0;
-    const auto stop = [](double angle) { return (sixOClock - angle) / turn; };
-    QConicalGradient gradient(QPointF(), -90.0);
-    gradient.setColorAt(stop(arc.from), blend(colour, Qt::black, 0.34));
-    gradient.setColorAt(stop(arc.to), colour);
-    return gradient;
 }
 
 void paintGroove(QPainter &painter, const KnobGeometry &geometry, const LitArc &arc)
@@ -74,27 +79,33 @@ void paintGroove(QPainter &painter, const KnobGeometry &geometry, const LitArc &
 void paintLight(QPainter &painter, const KnobGeometry &geometry, const LitArc &arc,
                 const QColor &colour)
 {
-    const auto pen = [](const QBrush &brush, double width) {
-        return QPen(brush, width, Qt::SolidLine, Qt::FlatCap);
+    const auto pen = [](const QColor &shade, double width) {
+        return QPen(shade, width, Qt::SolidLine, Qt::FlatCap);
     };
     const double width = geometry.ringWidth;
-    strokeArc(painter, geometry.ringRadius, arc, pen(withAlpha(colour, 30), width + 3.6));
-    strokeArc(painter, geometry.ringRadius, arc, pen(withAlpha(colour, 52), width + 1.6));
-    strokeArc(painter, geometry.ringRadius, arc, pen(arcBrush(arc, colour), width - 0.5));
+    for (int layer = glowLayers; layer > 0; --layer) {
+        const double spread = glowSpread * layer / glowLayers;
+        strokeArc(painter, geometry.ringRadius, arc,
+                  pen(withAlpha(colour, glowAlpha), width + spread));
+    }
+    strokeArc(painter, geometry.ringRadius, arc, pen(colour, width - 0.5));
     const QColor core = withAlpha(blend(colour, Qt::white, 0.7), 120);
     strokeArc(painter, geometry.ringRadius, arc, pen(core, width * 0.28));
 }
 
 void paintSegments(QPainter &painter, const KnobStyle &style, double position)
 {
+    KnobGeometry geometry = style.geometry;
+    geometry.ringWidth *= segmentThickness;
     const int last = style.detents - 1;
+    const double half = segmentShare * (lastAngle - firstAngle) / last / 2;
     const int reached = static_cast<int>(std::lround(position * last));
     for (int step = 0; step <= last; ++step) {
         const double middle = angleAt(positionOfRow(step, style.detents));
-        const LitArc segment{middle - segmentDegrees / 2, middle + segmentDegrees / 2};
-        paintGroove(painter, style.geometry, segment);
+        const LitArc segment{middle - half, middle + half};
+        paintGroove(painter, geometry, segment);
         if (style.enabled && step <= reached)
-            paintLight(painter, style.geometry, segment, style.accent);
+            paintLight(painter, geometry, segment, style.accent);
     }
 }
 
@@ -108,7 +119,7 @@ LitArc litArc(const KnobStyle &style, double position)
 
 void paintRing(QPainter &painter, const KnobStyle &style, double position)
 {
-    paintMarks(painter, style);
+    paintMarks(painter, style, position);
     if (style.detents > 0) {
         paintSegments(painter, style, position);
         return;

@@ -17,11 +17,11 @@ struct KnobStyle
     };
 
     const KnobGeometry &geometry;
-    QColor accent;                   ///< colour of the lit part of the ring
+    QColor accent; ///< colour of the lit part of the ring
     Origin origin = Origin::Minimum;
-    int marks = 2;                   ///< marks outside the ring, both ends included
-    int detents = 0;                 ///< steps the ring is divided into; 0 for an unbroken ring
-    bool enabled = true;             ///< disabled: pale, nothing lit, no indicator line
+    int marks = 2;       ///< marks outside the ring, both ends included
+    int detents = 0;     ///< steps the ring is divided into; 0 for an unbroken ring
+    bool enabled = true; ///< disabled: pale, nothing lit, no indicator line
 };
 
 /// Colours of the families: the same colour means the same kind of control on every screen.
