@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+#include "companions/memory/ChangeDelivery.h"
+
+#include "interfaces/TMemProxyBasic.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QPointer>
+
+#include <algorithm>
+
+namespace {
+
+QEvent::Type deliveryEvent()
+{
+    static const int type = QEvent::registerEventType();
+    return static_cast<QEvent::Type>(type);
+}
+
+} // namespace
+
+ChangeDelivery::~ChangeDelivery()
+{
+    for (const auto &record : m_records) {
+        if (record->proxy)
+            record->proxy->setMemoryRecord(nullptr);
+    }
+}
+
+void ChangeDelivery::setStore(ParameterStore *store)
+{
+    m_store = store;
+    m_observers.resize(store->cellCount());
+}
+
+void ChangeDelivery::postAll()
+{
+    m_allPending.store(true, std::memory_order_release);
+    schedule();
+}
+
+void ChangeDelivery::schedule()
+{
+    if (!m_scheduled.exchange(true, std::memory_order_acq_rel))
+        QCoreApplication::postEvent(this, new QEvent(deliveryEvent()));
+}
+
+ProxyRecord *ChangeDelivery::findRecord(const TMemProxyBasic &proxy)
+{
+    return static_cast<ProxyRecord *>(proxy.memoryRecord());
+}
+
+ProxyRecord &ChangeDelivery::recordOf(TMemProxyBasic &proxy)
+{
+    if (ProxyRecord *known = findRecord(proxy))
+        return *known;
+    ProxyRecord &record = *m_records.emplace_back(std::make_unique<ProxyRecord>(proxy));
+    record.place = m_records.size() - 1;
+    proxy.setMemoryRecord(&record);
+    return record;
+}
+
+TMemProxyBasic *ChangeDelivery::anyProxy() const
+{
+    const auto found = std::find_if(m_records.rbegin(), m_records.rend(),
+                                    [](const auto &record) { return record->proxy; });
+    return found == m_records.rend() ? nullptr : (*found)->proxy;
+}
+
+void ChangeDelivery::release(ProxyRecord &record)
+{
+    for (const size_t number : std::exchange(record.cells, {}))
+        dropObserver(record, number);
+    record.proxy->setMemoryRecord(nullptr);
+    record.proxy = nullptr;
+    if (!record.batched && !record.pending.load(std::memory_order_acquire))
+        reclaim(record);
+}
+
+void ChangeDelivery::reclaim(ProxyRecord &record)
+{
+    const size_t place = record.place;
+    m_records.back()->place = place;
+    std::swap(m_records[place], m_records.back());
+    m_records.pop_back();
+}
+
+void ChangeDelivery::attach(ProxyRecord &record, ValueCell &cell)
+{
+    const size_t number = m_store->numberOf(cell);
+    if (std::find(record.cells.begin(), record.cells.end(), number) != record.cells.end())
+        return;
+    record.cells.push_back(number);
+    m_observers[number].push_back(&record);
+    // Changed of an unobserved cell is stale, and what is in it the proxy reads in the call that it
+    // gets now anyway.
+    if (!(cell.state.load(std::memory_order_relaxed) & ValueCell::Observed))
+        cell.state.exchange(ValueCell::Observed, std::memory_order_acq_rel);
+    post(record);
+}
+
+void ChangeDelivery::detach(ProxyRecord &record, ValueCell &cell)
+{
+    const size_t number = m_store->numberOf(cell);
+    if (std::erase(record.cells, number) > 0)
+        dropObserver(record, number);
+}
+
+void ChangeDelivery::dropObserver(ProxyRecord &record, size_t number)
+{
+    std::erase(m_observers[number], &record);
+    if (!m_observers[number].empty())
+        return;
+    // A cell that is in the list stays observed until the delivery finds that nobody is left.
+    quint32 quiet = ValueCell::Observed;
+    m_store->cellNumbered(number).state.compare_exchange_strong(quiet, 0,
+                                                                std::memory_order_acq_rel);
+}
+
+bool ChangeDelivery::event(QEvent *event)
+{
+    if (event->type() != deliveryEvent())
+        return QObject::event(event);
+    deliver();
+    return true;
+}
+
+void ChangeDelivery::deliver()
+{
+    m_scheduled.exchange(false, std::memory_order_acq_rel);
+    collectCells();
+    collectRecords();
+    if (m_delivered == m_batch.size())
+        return;
+    // Any process() may run an event loop of its own, a message box for one, or destroy proxies, or
+    // this memory. The event posted here lets such a loop go on with the rest of the batch.
+    schedule();
+    const QPointer<ChangeDelivery> alive(this);
+    while (m_delivered < m_batch.size()) {
+        ProxyRecord &record = *m_batch[m_delivered++];
+        record.batched = false;
+        if (record.proxy)
+            record.proxy->process(nullptr, TMemProxyBasic::Refresh, 0);
+        else if (!record.pending.load(std::memory_order_acquire))
+            reclaim(record);
+        if (!alive)
+            return;
+    }
+    m_batch.clear();
+    m_delivered = 0;
+}
+
+void ChangeDelivery::collectCells()
+{
+    ValueCell *next = m_changedCells.takeAll();
+    while (next) {
+        ValueCell &cell = *next;
+        next = cell.next; // from the clearing on, a writer may link the cell anew
+        const auto &observers = m_observers[m_store->numberOf(cell)];
+        const quint32 cleared = observers.empty() ? ValueCell::Observed : ValueCell::Changed;
+        cell.state.fetch_and(~cleared, std::memory_order_acq_rel);
+        for (ProxyRecord *record : observers)
+            enqueue(*record);
+    }
+}
+
+void ChangeDelivery::collectRecords()
+{
+    ProxyRecord *next = m_pendingRecords.takeAll();
+    while (next) {
+        ProxyRecord &record = *next;
+        next = record.next;
+        record.pending.exchange(false, std::memory_order_acq_rel);
+        if (record.proxy)
+            enqueue(record);
+        else if (!record.batched)
+            reclaim(record);
+    }
+    if (m_allPending.exchange(false, std::memory_order_acq_rel)) {
+        for (const auto &record : m_records) {
+            if (record->proxy)
+                enqueue(*record);
+        }
+    }
+}
+
+void ChangeDelivery::enqueue(ProxyRecord &record)
+{
+    if (std::exchange(record.batched, true))
+        return;
+    m_batch.push_back(&record);
+}

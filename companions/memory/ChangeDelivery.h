@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "companions/memory/DirtyStack.h"
+#include "companions/memory/ParameterStore.h"
+#include "companions/memory/ProxyRecord.h"
+
+#include <QObject>
+
+/// Brings changes of parameters, made on any thread, to the proxies that are registered on them: on
+/// the GUI thread, gathered, at most one process() per proxy in a turn of the event loop.
+///
+/// Why no change is lost. A writer stores the value and then sets Changed with a read-modify-write;
+/// the delivery clears Changed with a read-modify-write and lets the proxies read the value only after
+/// that. All of these are on one atomic and thus in one order. A writer that comes before the clearing
+/// hands its value over through it (its operation, or a later one in the same release sequence, is
+/// what the clearing reads). A writer that comes after it finds Changed clear and puts the cell into
+/// the list again. Clearing with a plain store would break the chain: the value could be read before
+/// the store is seen.
+///
+/// Why a cell is in the list at most once. Only the writer that turns "Observed" into "Observed and
+/// Changed" pushes, and Observed is taken away either from a cell without Changed, hence not in the
+/// list, or by the delivery, which has just taken the cell out. A cell that nobody observes keeps
+/// Changed set, and its writers leave the list and the GUI thread alone.
+class ChangeDelivery : public QObject
+{
+public:
+    ChangeDelivery() = default;
+    ~ChangeDelivery() override;
+
+    /// Before anything is registered.
+    void setStore(ParameterStore *store);
+
+    /// A value was stored in the cell. Any thread.
+    void changed(ValueCell &cell)
+    {
+        const quint32 before = cell.state.fetch_or(ValueCell::Changed, std::memory_order_acq_rel);
+        if (before == ValueCell::Observed && m_changedCells.push(cell))
+            schedule();
+    }
+    /// Asks for one process() of the record's proxy. Any thread.
+    void post(ProxyRecord &record)
+    {
+        if (!record.pending.exchange(true, std::memory_order_acq_rel)
+            && m_pendingRecords.push(record))
+            schedule();
+    }
+    /// Asks for one process() of every proxy. Any thread.
+    void postAll();
+
+    /// The proxy's record, made when there is none.
+    ProxyRecord &recordOf(TMemProxyBasic &proxy);
+    /// Null when there is none. Any thread while the proxy is bound.
+    static ProxyRecord *findRecord(const TMemProxyBasic &proxy);
+    /// Forgets the proxy.
+    void release(ProxyRecord &record);
+    /// One of the proxies known, null when there is none.
+    TMemProxyBasic *anyProxy() const;
+
+    void attach(ProxyRecord &record, ValueCell &cell);
+    void detach(ProxyRecord &record, ValueCell &cell);
+
+protected:
+    bool event(QEvent *event) override;
+
+private:
+    void schedule();
+    void deliver();
+    void collectCells();
+    void collectRecords();
+    void enqueue(ProxyRecord &record);
+    void dropObserver(ProxyRecord &record, size_t number);
+    void reclaim(ProxyRecord &record);
+
+    ParameterStore *m_store = nullptr;
+    DirtyStack<ValueCell> m_changedCells;
+    DirtyStack<ProxyRecord> m_pendingRecords;
+    std::atomic<bool> m_scheduled{false};
+    std::atomic<bool> m_allPending{false};
+
+    std::vector<std::vector<ProxyRecord *>> m_observers; ///< by number of cell
+    std::vector<std::unique_ptr<ProxyRecord>> m_records; ///< released ones while still queued
+    std::vector<ProxyRecord *> m_batch; ///< whose turn it is, up to m_delivered already served
+    size_t m_delivered = 0;
+};

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "companions/memory/ConsoleModel.h"
+
+#include <array>
+#include <atomic>
+#include <memory>
+#include <vector>
+
+/// One stored value. Any thread.
+struct ValueCell
+{
+    /// See ChangeDelivery for how these bits change.
+    enum StateBit : quint32 { Observed = 1 << 0, Changed = 1 << 1 };
+
+    std::atomic<int> value{0};
+    std::atomic<quint32> state{0};
+    ValueCell *next = nullptr; ///< in the list of changed cells
+};
+
+/// The values of all parameters of a model. Addresses are found through tables that never change, so
+/// that any thread may read and write without lock or allocation.
+class ParameterStore
+{
+public:
+    /// The model must outlive the store. All values start as the defaults.
+    explicit ParameterStore(const ConsoleModel &model);
+
+    /// A parameter and its cells; one with neither where there is no parameter.
+    struct Entry
+    {
+        const ConsoleModel::Parameter *parameter = nullptr;
+        ValueCell *cells = nullptr;
+        quint32 elements = 0;
+        int minimum = 0;
+        int maximum = 0;
+
+        bool has(int element) const { return static_cast<quint32>(element) < elements; }
+        /// Null when there is no such element.
+        ValueCell *cell(int element) const { return has(element) ? cells + element : nullptr; }
+    };
+
+    const Entry &entry(int group, int index) const
+    {
+        if (static_cast<quint32>(group) >= m_groups.size())
+            return m_entries.front();
+        const Group &found = m_groups[group];
+        const bool known = static_cast<quint32>(index) < found.indexes;
+        return m_entries[known ? found.entryOfIndex[index] : 0];
+    }
+    /// Null when there is no such parameter or element.
+    ValueCell *cell(int group, int index, int element) const
+    {
+        return entry(group, index).cell(element);
+    }
+
+    size_t cellCount() const { return m_cellCount; }
+    /// The place of a cell among all, from 0.
+    size_t numberOf(const ValueCell &cell) const
+    {
+        return static_cast<size_t>(&cell - m_cells.get());
+    }
+    ValueCell &cellNumbered(size_t number) const { return m_cells[number]; }
+
+private:
+    struct Group
+    {
+        quint32 indexes = 0;                   ///< the highest index, plus 1
+        const quint16 *entryOfIndex = nullptr; ///< 0: no such parameter
+    };
+
+    void indexEntries(const ConsoleModel &model);
+
+    std::array<Group, ConsoleModel::GroupCount> m_groups;
+    std::vector<quint16> m_entryNumbers;
+    std::vector<Entry> m_entries; ///< the first is the one that is not there
+    std::unique_ptr<ValueCell[]> m_cells;
+    size_t m_cellCount = 0;
+};
