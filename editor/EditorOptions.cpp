@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "editor/EditorOptions.h"
+
+#include <QCommandLineParser>
+#include <QRegularExpression>
+
+namespace {
+
+constexpr int highestRate = 1'000'000;
+constexpr double highestScale = 4;
+constexpr int largestSide = 16384;
+
+const QCommandLineOption modelOption("model", "The console model to load (JSON).", "FILE");
+const QCommandLineOption screensOption(
+    "screens", "Draw every screen into a PNG file in DIR and exit; needs no display.", "DIR");
+const QCommandLineOption rateOption("rate", "Simulated changes of the console per second.", "N");
+const QCommandLineOption sizeOption("size", "Size of the window, for example 1280x800.", "WxH");
+const QCommandLineOption scaleOption("scale", "Scale factor of the pictures of --screens.", "F");
+
+/// The program's own name stands first: before there is an application, nobody else knows it.
+QString helpText(QCommandLineParser &parser)
+{
+    QString text = parser.helpText();
+    const qsizetype usageEnd = text.indexOf('\n');
+    return "Usage: console-editor [options] [FORM...]" + text.mid(usageEnd);
+}
+
+void readRate(EditorOptions &options, const QString &text)
+{
+    bool valid = false;
+    options.rate = text.toInt(&valid);
+    if (!valid || options.rate < 0 || options.rate > highestRate)
+        options.error = QString("--rate: \"%1\" is no number from 0 to %2").arg(text).arg(highestRate);
+}
+
+void readScale(EditorOptions &options, const QString &text)
+{
+    bool valid = false;
+    options.scale = text.toDouble(&valid);
+    if (!valid || !(options.scale >= 1 && options.scale <= highestScale))
+        options.error = QString("--scale: \"%1\" is no factor from 1 to %2").arg(text).arg(highestScale);
+}
+
+void readSize(EditorOptions &options, const QString &text)
+{
+    static const QRegularExpression form("^(\\d{1,5})x(\\d{1,5})$");
+    const QRegularExpressionMatch match = form.match(text);
+    options.size = QSize(match.captured(1).toInt(), match.captured(2).toInt());
+    if (options.size.isEmpty() || options.size.width() > largestSide
+        || options.size.height() > largestSide)
+        options.error = QString("--size: \"%1\" is no size like 1280x800").arg(text);
+}
+
+} // namespace
+
+EditorOptions EditorOptions::parse(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription("Editor for a digital mixing console.");
+    parser.addOptions({modelOption, screensOption, rateOption, sizeOption, scaleOption});
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
+    parser.addPositionalArgument("FORM", "Form files to open instead of the shipped screens.",
+                                 "[FORM...]");
+    EditorOptions options;
+    if (!parser.parse(arguments))
+        options.error = parser.errorText();
+    else if (parser.isSet(help))
+        options.answer = helpText(parser);
+    else if (parser.isSet(version))
+        options.answer = "console-editor " CONSOLEWIDGETS_VERSION "\n";
+    options.forms = parser.positionalArguments();
+    options.model = parser.value(modelOption);
+    options.screens = parser.value(screensOption);
+    if (parser.isSet(rateOption))
+        readRate(options, parser.value(rateOption));
+    if (parser.isSet(scaleOption))
+        readScale(options, parser.value(scaleOption));
+    if (parser.isSet(sizeOption))
+        readSize(options, parser.value(sizeOption));
+    return options;
+}

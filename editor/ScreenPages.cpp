@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#include "editor/ScreenPages.h"
+
+#include "companions/memory/ConsoleModel.h"
+#include "companions/memory/ParameterMemory.h"
+#include "editor/BoundControls.h"
+#include "widgets/forms/FormLoader.h"
+#include "widgets/forms/FormRepeater.h"
+
+#include <QFileInfo>
+#include <QLabel>
+#include <QScrollArea>
+
+namespace {
+
+/// The parameter whose elements are the channels that can be shown one at a time.
+const QString ChannelParameter = QStringLiteral("kInputFader/kFader");
+
+constexpr const char *ElementProperty = FormRepeater::ElementProperty;
+
+QList<QWidget *> controlsIn(QWidget *root)
+{
+    QList<QWidget *> controls;
+    const QList<QWidget *> widgets = root->findChildren<QWidget *>();
+    for (QWidget *widget : widgets) {
+        if (proxyOf(widget))
+            controls.append(widget);
+    }
+    return controls;
+}
+
+} // namespace
+
+struct ScreenPages::Private
+{
+    explicit Private(ParameterMemory &boundMemory) : memory(boundMemory) {}
+
+    ParameterMemory &memory;
+    FormLoader loader;
+    QStringList names;
+    int element = 0;
+};
+
+ScreenPages::ScreenPages(ParameterMemory &memory, QWidget *parent)
+    : QTabWidget(parent), d(std::make_unique<Private>(memory))
+{
+    setDocumentMode(true);
+}
+
+ScreenPages::~ScreenPages() = default;
+
+QStringList ScreenPages::shippedForms()
+{
+    return {":/forms/channel-strips.ui", ":/forms/selected-channel.ui", ":/forms/masters.ui",
+            ":/forms/head-amps.ui"};
+}
+
+void ScreenPages::open(const QStringList &forms)
+{
+    for (const QString &form : forms)
+        openForm(form);
+}
+
+void ScreenPages::openForm(const QString &form)
+{
+    QWidget *root = d->loader.load(form);
+    if (!root)
+        root = failurePage(form);
+    auto *area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(root);
+    d->names << QFileInfo(form).completeBaseName();
+    titlePage(addTab(area, QString()));
+    bindPage(root);
+    Q_EMIT pageAdded(area);
+    const QList<QWidget *> controls = controlsIn(root);
+    for (QWidget *control : controls)
+        Q_EMIT controlAdded(control);
+}
+
+QWidget *ScreenPages::failurePage(const QString &form)
+{
+    auto *page = new QLabel(tr("This screen could not be opened.") + "\n\n"
+                            + d->loader.problems().filter(form).join('\n'));
+    page->setTextFormat(Qt::PlainText);
+    page->setAlignment(Qt::AlignCenter);
+    page->setWordWrap(true);
+    page->setWindowTitle(QFileInfo(form).fileName());
+    return page;
+}
+
+void ScreenPages::bindPage(QWidget *root)
+{
+    const QVariant element = root->property(ElementProperty);
+    if (element.isValid())
+        root->setProperty(ElementProperty, d->element);
+    d->memory.bind(root, element.isValid() ? d->element : 0);
+}
+
+void ScreenPages::titlePage(int index)
+{
+    QString text = pageTitle(index);
+    if (followsChannel(index))
+        text += QString(" %1").arg(d->element + 1);
+    setTabText(index, text);
+}
+
+QStringList ScreenPages::problems() const
+{
+    return d->loader.problems();
+}
+
+QScrollArea *ScreenPages::page(int index) const
+{
+    return static_cast<QScrollArea *>(widget(index));
+}
+
+QString ScreenPages::pageTitle(int index) const
+{
+    const QString title = page(index)->widget()->windowTitle();
+    return title.isEmpty() ? pageName(index) : title;
+}
+
+QString ScreenPages::pageName(int index) const
+{
+    return d->names.value(index);
+}
+
+bool ScreenPages::followsChannel(int index) const
+{
+    return index >= 0 && page(index)->widget()->property(ElementProperty).isValid();
+}
+
+int ScreenPages::channelElement() const
+{
+    return d->element;
+}
+
+void ScreenPages::setChannelElement(int element)
+{
+    if (element == d->element)
+        return;
+    d->element = element;
+    for (int index = 0; index < count(); ++index) {
+        if (!followsChannel(index))
+            continue;
+        bindPage(page(index)->widget());
+        titlePage(index);
+    }
+}
+
+int ScreenPages::channelCount() const
+{
+    const ConsoleModel &model = d->memory.model();
+    for (const ConsoleModel::Parameter &parameter : model.parameters()) {
+        if (model.addressOf(parameter) == ChannelParameter)
+            return parameter.elements;
+    }
+    return 1;
+}

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "editor/TouchedControl.h"
+
+#include "companions/memory/ParameterMemory.h"
+#include "editor/BoundControls.h"
+#include "widgets/binding/Binding.h"
+
+#include <QEvent>
+
+TouchedControl::TouchedControl(const ParameterMemory &memory, QObject *parent)
+    : QObject(parent), m_memory(memory)
+{
+}
+
+void TouchedControl::watch(QWidget *control)
+{
+    control->installEventFilter(this);
+}
+
+QWidget *TouchedControl::control() const
+{
+    return m_control;
+}
+
+QString TouchedControl::name() const
+{
+    if (!m_control)
+        return {};
+    if (!m_control->accessibleName().isEmpty())
+        return m_control->accessibleName();
+    const TMemProxy *proxy = proxyOf(m_control);
+    return m_memory.labelOf(proxy->group, proxy->index, proxy->element);
+}
+
+QString TouchedControl::address() const
+{
+    const TMemProxy *proxy = proxyOf(m_control);
+    if (!proxy || !proxy->isAttached())
+        return {};
+    return QString("%1").arg(proxy->element, 2, 16, QLatin1Char('0')).toUpper()
+           + m_memory.nameOf(proxy->group, proxy->index);
+}
+
+QString TouchedControl::value() const
+{
+    const TMemProxy *proxy = proxyOf(m_control);
+    if (!proxy || !proxy->isAttached() || !binding::ready(*proxy))
+        return {};
+    return binding::display(*proxy, binding::read(*proxy), binding::range(*proxy)).text;
+}
+
+void TouchedControl::touch(QWidget *control)
+{
+    if (control == m_control)
+        return;
+    if (m_control)
+        m_control->disconnect(this);
+    m_control = proxyOf(control) ? control : nullptr;
+    if (m_control) {
+        connect(m_control, SIGNAL(memoryAPIValueChange(int)), this, SIGNAL(changed()));
+        connect(m_control, &QObject::destroyed, this, &TouchedControl::changed);
+    }
+    Q_EMIT changed();
+}
+
+bool TouchedControl::eventFilter(QObject *watched, QEvent *event)
+{
+    auto *control = static_cast<QWidget *>(watched);
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        m_focused = control;
+        [[fallthrough]];
+    case QEvent::Enter:
+    case QEvent::MouseButtonPress:
+    case QEvent::KeyPress:
+        touch(control);
+        break;
+    case QEvent::FocusOut:
+        m_focused = nullptr;
+        leave(control);
+        break;
+    case QEvent::Leave:
+        leave(control);
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+void TouchedControl::leave(QWidget *control)
+{
+    if (m_control == control && !(control == m_focused || control->underMouse()))
+        touch(m_focused);
+}

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "companions/memory/ParameterMemory.h"
+#include "console/SimulatedConsole.h"
+#include "editor/Appearance.h"
+#include "editor/EditorOptions.h"
+#include "editor/MainWindow.h"
+#include "editor/ScreenRenderer.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int Success = 0;
+constexpr int Failure = 1;
+
+int fail(const QString &line)
+{
+    std::fprintf(stderr, "console-editor: %s\n", qPrintable(line));
+    return Failure;
+}
+
+QStringList commandLine(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    return arguments;
+}
+
+/// What has to be in place before there is an application.
+void prepareEnvironment(const EditorOptions &options)
+{
+    if (options.needsDisplay())
+        return;
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_SCALE_FACTOR", QByteArray::number(options.scale));
+    qputenv("QT_SCALE_FACTOR_ROUNDING_POLICY", "PassThrough");
+}
+
+/// The same console state in every picture: an operator has been at work for a while.
+int renderScreens(const EditorOptions &options, SimulatedConsole &console, MainWindow &window)
+{
+    constexpr double busyRate = 4000;
+    constexpr int workedMilliseconds = 4000;
+    console.setRate(options.rate > 0 ? options.rate : busyRate);
+    console.step(workedMilliseconds);
+    window.resize(options.size);
+    window.show();
+    QString error;
+    if (!ScreenRenderer(window).render(QDir(options.screens), &error))
+        return fail(error);
+    return Success;
+}
+
+int runEditor(const EditorOptions &options)
+{
+    ParameterMemory memory;
+    QString error;
+    if (!memory.load(options.model.isEmpty() ? ParameterMemory::builtInModel() : options.model,
+                     &error)) {
+        fail(error);
+        if (options.needsDisplay())
+            QMessageBox::critical(nullptr, QObject::tr("Error"), error);
+        return Failure;
+    }
+    SimulatedConsole console(memory);
+    console.setRate(options.rate);
+    MainWindow window(memory, console, options.forms);
+    if (!options.screens.isEmpty())
+        return renderScreens(options, console, window);
+    console.start();
+    window.resize(options.size);
+    window.show();
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    prepareEnvironment(EditorOptions::parse(commandLine(argc, argv)));
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("console-editor");
+    QApplication::setApplicationVersion(CONSOLEWIDGETS_VERSION);
+    // Qt has taken its own options out of the arguments.
+    const EditorOptions options = EditorOptions::parse(QApplication::arguments());
+    if (!options.error.isEmpty())
+        return fail(options.error);
+    if (!options.answer.isEmpty()) {
+        std::fputs(qPrintable(options.answer), stdout);
+        return Success;
+    }
+    appearance::apply(application);
+    return runEditor(options);
+}
