@@ -2,6 +2,7 @@
 #include "companions/memory/Binder.h"
 
 #include "companions/memory/ChangeDelivery.h"
+#include "companions/memory/ParameterMemory.h"
 #include "interfaces/TMemProxy.h"
 
 #include <QPointer>
@@ -9,12 +10,22 @@
 
 namespace {
 
-/// Parents before children, siblings in the order in which they were made.
-void collectPreOrder(QObject *object, QList<QPointer<QObject>> &all)
+/// An object of a tree that is being bound, and the element that holds there.
+struct Place
 {
-    all.append(object);
+    QPointer<QObject> object;
+    int element;
+};
+
+/// Parents before children, siblings in the order in which they were made.
+void collectPreOrder(QObject *object, int element, QList<Place> &all)
+{
+    const QVariant own = object->property(ParameterMemory::ElementProperty);
+    if (own.isValid())
+        element = own.toInt();
+    all.append({object, element});
     for (QObject *child : object->children())
-        collectPreOrder(child, all);
+        collectPreOrder(child, element, all);
 }
 
 } // namespace
@@ -27,13 +38,13 @@ Binder::Binder(IMemAPI &memory, const NameIndex &names, ChangeDelivery &delivery
 int Binder::bindTree(QWidget *root, int element, int elementOffset)
 {
     // Collected first: what a widget does when it is bound may make and destroy others.
-    QList<QPointer<QObject>> all;
+    QList<Place> all;
     if (root)
-        collectPreOrder(root, all);
+        collectPreOrder(root, element, all);
     int bound = 0;
-    for (const QPointer<QObject> &object : all) {
-        auto *proxy = dynamic_cast<TMemProxy *>(object.data());
-        if (proxy && bind(*proxy, element, elementOffset))
+    for (const Place &place : all) {
+        auto *proxy = dynamic_cast<TMemProxy *>(place.object.data());
+        if (proxy && bind(*proxy, place.element, elementOffset))
             ++bound;
     }
     return bound;
