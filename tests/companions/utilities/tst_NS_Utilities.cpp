@@ -5,7 +5,8 @@
 #include <QImage>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QThread>
+
+#include <thread>
 
 namespace {
 
@@ -45,10 +46,7 @@ void TestUtilities::theMainThreadIsTheApplicationsOne()
     QVERIFY(!s_mainThreadBeforeApplication);
     QVERIFY(NS_Utilities::mainThreadRunning());
     bool elsewhere = true;
-    const std::unique_ptr<QThread> thread(
-        QThread::create([&elsewhere] { elsewhere = NS_Utilities::mainThreadRunning(); }));
-    thread->start();
-    QVERIFY(thread->wait());
+    std::thread([&elsewhere] { elsewhere = NS_Utilities::mainThreadRunning(); }).join();
     QVERIFY(!elsewhere);
 }
 
