@@ -3,10 +3,28 @@
 
 #include "interfaces/TMemProxy.h"
 
+#include <QList>
+#include <QString>
 #include <QWidget>
+
+class ParameterMemory;
+
+/// What the editor asks of any widget that may be a bound control.
+namespace boundcontrols {
 
 /// The proxy that a widget is; null when it is no bound control.
 inline TMemProxy *proxyOf(QWidget *widget)
 {
     return dynamic_cast<TMemProxy *>(widget);
 }
+
+/// The bound controls below a widget, in the order of the form.
+QList<QWidget *> inside(QWidget *root);
+
+/// What a bound control is for: its accessible name, else its parameter's name for people.
+QString nameOf(QWidget *control, const ParameterMemory &memory);
+
+/// The display text of a bound control's value; empty while it is not attached.
+QString valueTextOf(QWidget *control);
+
+} // namespace boundcontrols

@@ -45,6 +45,7 @@ struct MainWindow::Private
     ChannelChooser *channel;
     QAction *channelAction = nullptr;
     QList<QAction *> history; ///< undo and redo
+    QList<QAction *> controlCommands;
 };
 
 MainWindow::MainWindow(ParameterMemory &memory, SimulatedConsole &console,
@@ -118,6 +119,8 @@ void MainWindow::addControlMenu()
     menu->addSeparator();
     addCommand(menu, tr("&Copy"), ProxyCommands::copy)->setShortcut(QKeySequence::Copy);
     addCommand(menu, tr("&Paste"), ProxyCommands::paste)->setShortcut(QKeySequence::Paste);
+    connect(&d->touched, &TouchedControl::changed, this, &MainWindow::enableCommands);
+    enableCommands();
     menu->addSeparator();
     QAction *vertical = menu->addAction(tr("&Vertical drag"));
     vertical->setCheckable(true);
@@ -126,10 +129,18 @@ void MainWindow::addControlMenu()
     connect(vertical, &QAction::toggled, this, &CDial::setVerticalMode);
 }
 
-/// A command for the touched control; without one it does nothing.
+/// A command for the touched control.
 QAction *MainWindow::addCommand(QMenu *menu, const QString &text, void (*command)(QWidget *))
 {
-    return menu->addAction(text, this, [this, command] { command(d->touched.control()); });
+    d->controlCommands << menu->addAction(
+        text, this, [this, command] { command(d->touched.control()); });
+    return d->controlCommands.last();
+}
+
+void MainWindow::enableCommands()
+{
+    for (QAction *action : std::as_const(d->controlCommands))
+        action->setEnabled(d->touched.control());
 }
 
 void MainWindow::addScreenMenu()

@@ -39,6 +39,7 @@ private:
     void addCorner();
     void addStatus();
     QAction *addCommand(QMenu *menu, const QString &text, void (*command)(QWidget *));
+    void enableCommands();
     void showScreenOptions();
     void simulateChanges(double rate);
 

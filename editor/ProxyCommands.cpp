@@ -3,7 +3,6 @@
 
 #include "companions/memory/ParameterMemory.h"
 #include "editor/BoundControls.h"
-#include "widgets/binding/Binding.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -13,6 +12,8 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QUndoStack>
+
+using boundcontrols::proxyOf;
 
 namespace {
 
@@ -31,14 +32,6 @@ QByteArray clipboardBytes()
 {
     const QMimeData *data = QApplication::clipboard()->mimeData();
     return data ? data->data(ProxyCommands::MimeType) : QByteArray();
-}
-
-QString nameOf(const ParameterMemory &memory, QWidget *control)
-{
-    if (!control->accessibleName().isEmpty())
-        return control->accessibleName();
-    const TMemProxy *proxy = proxyOf(control);
-    return memory.labelOf(proxy->group, proxy->index, proxy->element);
 }
 
 } // namespace
@@ -77,8 +70,7 @@ void ProxyCommands::copy(QWidget *control)
         return;
     auto *data = new QMimeData;
     data->setData(MimeType, copiedBytes(*proxy));
-    data->setText(
-        binding::display(*proxy, binding::read(*proxy), binding::range(*proxy)).text);
+    data->setText(boundcontrols::valueTextOf(control));
     QApplication::clipboard()->setMimeData(data);
 }
 
@@ -113,7 +105,7 @@ QMenu *ProxyCommands::contextMenu(QWidget *control) const
         QAction *action = menu->addAction(text, menu, [=] { command(target); });
         action->setEnabled(enabled);
     };
-    menu->addSection(nameOf(m_memory, control));
+    menu->addSection(boundcontrols::nameOf(control, m_memory));
     const bool typable = control->metaObject()->indexOfMethod("editNumber()") >= 0;
     add(tr("&Enter value..."), editable && typable, enterValue);
     add(tr("&Reset to default"), editable, resetToDefault);

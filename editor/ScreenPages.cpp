@@ -18,15 +18,13 @@ const QString ChannelParameter = QStringLiteral("kInputFader/kFader");
 
 constexpr const char *ElementProperty = FormRepeater::ElementProperty;
 
-QList<QWidget *> controlsIn(QWidget *root)
+/// `name`, with a number behind it when it is taken.
+QString uniqueName(const QString &name, const QStringList &taken)
 {
-    QList<QWidget *> controls;
-    const QList<QWidget *> widgets = root->findChildren<QWidget *>();
-    for (QWidget *widget : widgets) {
-        if (proxyOf(widget))
-            controls.append(widget);
-    }
-    return controls;
+    QString unique = name;
+    for (int number = 2; taken.contains(unique); ++number)
+        unique = QString("%1-%2").arg(name).arg(number);
+    return unique;
 }
 
 } // namespace
@@ -39,6 +37,7 @@ struct ScreenPages::Private
     FormLoader loader;
     QStringList names;
     int element = 0;
+    bool allOpened = true;
 };
 
 ScreenPages::ScreenPages(ParameterMemory &memory, QWidget *parent)
@@ -64,6 +63,7 @@ void ScreenPages::open(const QStringList &forms)
 void ScreenPages::openForm(const QString &form)
 {
     QWidget *root = d->loader.load(form);
+    d->allOpened &= root != nullptr;
     if (!root)
         root = failurePage(form);
     auto *area = new QScrollArea;
@@ -71,11 +71,11 @@ void ScreenPages::openForm(const QString &form)
     area->setWidgetResizable(true);
     area->setFocusPolicy(Qt::NoFocus);
     area->setWidget(root);
-    d->names << QFileInfo(form).completeBaseName();
+    d->names << uniqueName(QFileInfo(form).completeBaseName(), d->names);
     titlePage(addTab(area, QString()));
     bindPage(root);
     Q_EMIT pageAdded(area);
-    const QList<QWidget *> controls = controlsIn(root);
+    const QList<QWidget *> controls = boundcontrols::inside(root);
     for (QWidget *control : controls)
         Q_EMIT controlAdded(control);
 }
@@ -110,6 +110,11 @@ void ScreenPages::titlePage(int index)
 QStringList ScreenPages::problems() const
 {
     return d->loader.problems();
+}
+
+bool ScreenPages::allOpened() const
+{
+    return d->allOpened;
 }
 
 QScrollArea *ScreenPages::page(int index) const

@@ -24,11 +24,13 @@ public:
     void open(const QStringList &forms);
     /// What was wrong with the forms, one line each.
     QStringList problems() const;
+    /// False when a form could not be loaded at all.
+    bool allOpened() const;
 
     QScrollArea *page(int index) const;
     /// What the page is called: its form's window title, else the form's name.
     QString pageTitle(int index) const;
-    /// The form's file name without folder and ending.
+    /// The form's file name without folder and ending; with a number where it would come twice.
     QString pageName(int index) const;
 
     /// Whether a page shows one channel at a time: its form's widget has the property

@@ -36,6 +36,7 @@ TouchStatus::TouchStatus(const TouchedControl &touched, QWidget *parent)
     m_name = addLabel(line, "touchedName", 300);
     m_value = addLabel(line, "touchedValue", 90);
     m_address = addLabel(line, "touchedAddress", 320);
+    line->addStretch();
 
     QFont bold = font();
     bold.setBold(true);

@@ -3,9 +3,21 @@
 
 #include "companions/memory/ParameterMemory.h"
 #include "editor/BoundControls.h"
-#include "widgets/binding/Binding.h"
 
-#include <QEvent>
+#include <QFocusEvent>
+
+using boundcontrols::proxyOf;
+
+namespace {
+
+/// A menu, or another window, borrows the focus and gives it back.
+bool isBorrowed(Qt::FocusReason reason)
+{
+    return reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason
+           || reason == Qt::ActiveWindowFocusReason;
+}
+
+} // namespace
 
 TouchedControl::TouchedControl(const ParameterMemory &memory, QObject *parent)
     : QObject(parent), m_memory(memory)
@@ -24,12 +36,7 @@ QWidget *TouchedControl::control() const
 
 QString TouchedControl::name() const
 {
-    if (!m_control)
-        return {};
-    if (!m_control->accessibleName().isEmpty())
-        return m_control->accessibleName();
-    const TMemProxy *proxy = proxyOf(m_control);
-    return m_memory.labelOf(proxy->group, proxy->index, proxy->element);
+    return m_control ? boundcontrols::nameOf(m_control, m_memory) : QString();
 }
 
 QString TouchedControl::address() const
@@ -43,10 +50,7 @@ QString TouchedControl::address() const
 
 QString TouchedControl::value() const
 {
-    const TMemProxy *proxy = proxyOf(m_control);
-    if (!proxy || !proxy->isAttached() || !binding::ready(*proxy))
-        return {};
-    return binding::display(*proxy, binding::read(*proxy), binding::range(*proxy)).text;
+    return m_control ? boundcontrols::valueTextOf(m_control) : QString();
 }
 
 void TouchedControl::touch(QWidget *control)
@@ -76,6 +80,8 @@ bool TouchedControl::eventFilter(QObject *watched, QEvent *event)
         touch(control);
         break;
     case QEvent::FocusOut:
+        if (isBorrowed(static_cast<QFocusEvent *>(event)->reason()))
+            break;
         m_focused = nullptr;
         leave(control);
         break;

@@ -4,6 +4,7 @@
 #include "editor/Appearance.h"
 #include "editor/EditorOptions.h"
 #include "editor/MainWindow.h"
+#include "editor/ScreenPages.h"
 #include "editor/ScreenRenderer.h"
 
 #include <QApplication>
@@ -45,7 +46,7 @@ void prepareEnvironment(const EditorOptions &options)
 int renderScreens(const EditorOptions &options, SimulatedConsole &console, MainWindow &window)
 {
     constexpr double busyRate = 4000;
-    constexpr int workedMilliseconds = 4000;
+    constexpr int workedMilliseconds = 60000;
     console.setRate(options.rate > 0 ? options.rate : busyRate);
     console.step(workedMilliseconds);
     window.resize(options.size);
@@ -53,7 +54,7 @@ int renderScreens(const EditorOptions &options, SimulatedConsole &console, MainW
     QString error;
     if (!ScreenRenderer(window).render(QDir(options.screens), &error))
         return fail(error);
-    return Success;
+    return window.pages().allOpened() ? Success : Failure;
 }
 
 int runEditor(const EditorOptions &options)

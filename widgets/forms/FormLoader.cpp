@@ -217,7 +217,7 @@ QWidget *FormLoader::loadForChannel(const QString &fileName, int channel, QWidge
             root->setProperty(FormRepeater::ElementProperty, channel - 1);
         const QList<FormRepeater *> repeaters = root->findChildren<FormRepeater *>();
         for (FormRepeater *repeater : repeaters)
-            repeater->fill(*this, QFileInfo(fileName).absoluteDir());
+            repeater->fill(*this, fileName);
     }
     if (--d->depth == 0) {
         d->prepared.clear();

@@ -5,6 +5,7 @@
 
 #include <QBoxLayout>
 #include <QDir>
+#include <QFileInfo>
 
 namespace {
 
@@ -28,11 +29,16 @@ struct FormRepeater::Private
     Qt::Orientation orientation = Qt::Horizontal;
     int spacing = 2;
 
+    qint64 lastWanted() const { return qint64(firstChannel) + channels - 1; }
     /// The last channel that there really is: the numbers come from a file.
-    int lastChannel() const
+    int lastChannel() const { return static_cast<int>(qMin<qint64>(lastWanted(), HighestChannel)); }
+
+    QString fault() const
     {
-        const qint64 last = qint64(firstChannel) + channels - 1;
-        return static_cast<int>(qMin<qint64>(last, HighestChannel));
+        if (form.isEmpty())
+            return tr("its property 'form' is empty");
+        return lastWanted() > HighestChannel ? tr("no channels above %1").arg(HighestChannel)
+                                             : QString();
     }
 };
 
@@ -69,20 +75,19 @@ int FormRepeater::spacing() const
     return d->spacing;
 }
 
-void FormRepeater::fill(FormLoader &loader, const QDir &folder)
+void FormRepeater::fill(FormLoader &loader, const QString &holder)
 {
     qDeleteAll(findChildren<QWidget *>(Qt::FindDirectChildrenOnly));
     delete layout();
+    const QString fault = d->fault();
+    if (!fault.isEmpty())
+        loader.addProblem(tr("%1: widget '%2': %3").arg(holder, objectName(), fault));
+    if (d->form.isEmpty())
+        return;
+    const QString file = QFileInfo(holder).absoluteDir().filePath(d->form);
     QBoxLayout *panels = newRow(this, d->orientation, 2 * d->spacing + 4);
-    const QString file = folder.filePath(d->form);
-    const int last = d->lastChannel();
-    if (last < qint64(d->firstChannel) + d->channels - 1)
-        loader.addProblem(tr("%1: widget '%2': there are no channels above %3")
-                              .arg(folder.path(), objectName())
-                              .arg(HighestChannel));
-
     QBoxLayout *panel = nullptr;
-    for (int channel = d->firstChannel; channel <= last; ++channel) {
+    for (int channel = d->firstChannel; channel <= d->lastChannel(); ++channel) {
         if ((channel - d->firstChannel) % PanelSize == 0) {
             auto *owner = new QWidget(this);
             panel = newRow(owner, d->orientation, d->spacing);

@@ -8,7 +8,6 @@
 #include <memory>
 
 class FormLoader;
-class QDir;
 
 /// A row of one form, placed once per channel: sixteen, forty-eight or a hundred channel strips from
 /// one drawing of a strip. In a form editor it is an empty widget promoted to this class; the form
@@ -45,9 +44,9 @@ public:
     Qt::Orientation orientation() const;
     int spacing() const;
 
-    /// Makes the strips, in place of those that are there. `folder` is where the form of the strip is
-    /// looked for. What is wrong goes into the loader's problems.
-    void fill(FormLoader &loader, const QDir &folder);
+    /// Makes the strips, in place of those that are there. `holder` is the file of the form that holds
+    /// this widget. What is wrong goes into the loader's problems.
+    void fill(FormLoader &loader, const QString &holder);
 
 public Q_SLOTS:
     // These take effect with the next fill().

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#include "editor/BoundControls.h"
+
+#include "companions/memory/ParameterMemory.h"
+#include "widgets/binding/Binding.h"
+
+QList<QWidget *> boundcontrols::inside(QWidget *root)
+{
+    QList<QWidget *> controls = root->findChildren<QWidget *>();
+    controls.removeIf([](QWidget *widget) { return !proxyOf(widget); });
+    return controls;
+}
+
+QString boundcontrols::nameOf(QWidget *control, const ParameterMemory &memory)
+{
+    const TMemProxy &proxy = *proxyOf(control);
+    const QString name = control->accessibleName();
+    return name.isEmpty() ? memory.labelOf(proxy.group, proxy.index, proxy.element) : name;
+}
+
+QString boundcontrols::valueTextOf(QWidget *control)
+{
+    const TMemProxy &proxy = *proxyOf(control);
+    if (!proxy.isAttached() || !binding::ready(proxy))
+        return {};
+    return binding::display(proxy, binding::read(proxy), binding::range(proxy)).text;
+}
