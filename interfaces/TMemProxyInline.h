@@ -65,7 +65,10 @@ inline void TMemProxy::resetTo(Operation operation, unsigned key)
     TParamInfo info{group, element, index, 0};
     info.value = m_memAPI->readDefault(group, index, element,
                                        operation == ResetToAlternativeDefault, nullptr);
+    // An undo step of its own, whatever was done just before.
+    m_memAPI->beginGesture(this);
     setInformation(info);
+    m_memAPI->endGesture(this);
     process(nullptr, operation, key);
 }
 

@@ -20,11 +20,16 @@ QDataStream *streamIn(const Q_UINT8 *data)
 int pastedValue(TMemProxy &proxy, const Q_UINT8 *data)
 {
     const TParamInfoReader reader(streamIn(data));
+    if (!reader.isValid())
+        return binding::read(proxy);
     TParamInfo info = reader.info();
     info.element = proxy.element;
-    if (reader.isValid() && proxy.memAPI()->applyParamInfo(proxy.group, proxy.index, info, 0))
-        return info.value;
-    return binding::read(proxy);
+    const TMemOriginHelper origin(proxy.memAPI(), &proxy);
+    // An undo step of its own, whatever was done just before.
+    binding::beginGesture(proxy);
+    const bool applied = proxy.memAPI()->applyParamInfo(proxy.group, proxy.index, info, 0);
+    binding::endGesture(proxy);
+    return applied ? info.value : binding::read(proxy);
 }
 
 int defaultValue(const TMemProxy &proxy, bool alternative, int *unavailable)
