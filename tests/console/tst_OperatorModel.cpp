@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "console/OperatorModel.h"
 
-#include "companions/memory/ConsoleModel.h"
-#include "companions/memory/ParameterMemory.h"
+#include "tests/console/ConsoleFixture.h"
 
 #include <QTest>
 
@@ -13,30 +12,15 @@ namespace {
 
 constexpr int Tick = 20;
 
-/// All values of the memory, in a fixed order.
-std::vector<int> values(const ParameterMemory &memory)
-{
-    std::vector<int> all;
-    for (const auto &parameter : memory.model().parameters()) {
-        const int group = memory.model().groupOf(parameter);
-        for (int element = 0; element < parameter.elements; ++element)
-            all.push_back(memory.readValue(group, parameter.index, element, 0, 0));
-    }
-    return all;
-}
-
 /// The names of the parameters whose values changed since.
 std::set<QString> changedSince(const std::vector<int> &before, const ParameterMemory &memory)
 {
     std::set<QString> names;
     std::size_t at = 0;
-    for (const auto &parameter : memory.model().parameters()) {
-        const int group = memory.model().groupOf(parameter);
-        for (int element = 0; element < parameter.elements; ++element) {
-            if (memory.readValue(group, parameter.index, element, 0, 0) != before[at++])
-                names.insert(memory.model().addressOf(parameter));
-        }
-    }
+    forEachValue(memory, [&](const ConsoleModel::Parameter &parameter, int value) {
+        if (value != before[at++])
+            names.insert(memory.model().addressOf(parameter));
+    });
     return names;
 }
 
@@ -72,9 +56,7 @@ private:
 
 void TestOperatorModel::init()
 {
-    m_memory = std::make_unique<ParameterMemory>();
-    QString error;
-    QVERIFY2(m_memory->load(ParameterMemory::builtInModel(), &error), qPrintable(error));
+    m_memory = loadedMemory();
 }
 
 void TestOperatorModel::keepsToTheRate_data()

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "console/SimulatedConsole.h"
 
-#include "companions/memory/ConsoleModel.h"
-#include "companions/memory/ParameterMemory.h"
 #include "interfaces/TMemProxyBasic.h"
+#include "tests/console/ConsoleFixture.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
@@ -14,26 +13,6 @@
 #include <vector>
 
 namespace {
-
-std::unique_ptr<ParameterMemory> loadedMemory()
-{
-    auto memory = std::make_unique<ParameterMemory>();
-    QString error;
-    if (!memory->load(ParameterMemory::builtInModel(), &error))
-        qFatal("%s", qPrintable(error));
-    return memory;
-}
-
-std::vector<int> values(const ParameterMemory &memory)
-{
-    std::vector<int> all;
-    for (const auto &parameter : memory.model().parameters()) {
-        const int group = memory.model().groupOf(parameter);
-        for (int element = 0; element < parameter.elements; ++element)
-            all.push_back(memory.readValue(group, parameter.index, element, 0, 0));
-    }
-    return all;
-}
 
 /// Keeps the four bytes of every delivery.
 class Listener : public TMemProxyBasic
@@ -85,7 +64,6 @@ private Q_SLOTS:
     void comesOnlineShortlyAfterTheStart();
     void repeatsItselfWithTheSameSeed();
     void howTimeIsCutDoesNotMatter();
-    void keepsToTheRate();
     void doesNothingWhileOffline();
     void theClocksGoOnWhileOffline();
     void metersAreReadFiftyTimesASecond();
@@ -144,26 +122,6 @@ void TestSimulatedConsole::howTimeIsCutDoesNotMatter()
     }
     QVERIFY(endings[0] == endings[1]);
     QVERIFY(endings[0] == endings[2]);
-}
-
-void TestSimulatedConsole::keepsToTheRate()
-{
-    // Jumps only, so that every change is seen between two ticks.
-    const auto memory = loadedMemory();
-    SimulatedConsole console(*memory);
-    console.setBlocks({"kInputOn", "kInputMuteGroup"});
-    console.setRate(30);
-    console.step(600);
-    int changes = 0;
-    auto before = values(*memory);
-    for (int time = 0; time < 20'000; time += 20) {
-        console.step(20);
-        const auto now = values(*memory);
-        for (std::size_t i = 0; i < now.size(); ++i)
-            changes += now[i] != before[i];
-        before = now;
-    }
-    QVERIFY2(changes > 540 && changes < 660, qPrintable(QString::number(changes)));
 }
 
 void TestSimulatedConsole::doesNothingWhileOffline()

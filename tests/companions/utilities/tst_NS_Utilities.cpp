@@ -35,7 +35,6 @@ private Q_SLOTS:
     void theDensestFittingVersionIsChosen();
     void aLoadedPictureKnowsItsRatio();
     void aMissingPictureWarnsOnce();
-    void modifiersAreThoseOfTheEvent();
     void greyHasTheLuminanceHalfWayToTheMiddle_data();
     void greyHasTheLuminanceHalfWayToTheMiddle();
     void greyKeepsAlphaAndRatio();
@@ -118,24 +117,6 @@ void TestUtilities::aMissingPictureWarnsOnce()
     QVERIFY(NS_Utilities::loadPixmap("nowhere/knob.png").isNull());
     QTest::failOnWarning(QRegularExpression(".*"));
     QVERIFY(NS_Utilities::loadPixmap("nowhere/knob.png").isNull());
-}
-
-void TestUtilities::modifiersAreThoseOfTheEvent()
-{
-    class Listener : public QWidget
-    {
-    public:
-        Qt::KeyboardModifiers heard;
-
-    protected:
-        void mousePressEvent(QMouseEvent *) override { heard = NS_Utilities::modifierState(); }
-    };
-    Listener listener;
-    listener.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&listener));
-    QTest::mousePress(listener.windowHandle(), Qt::LeftButton,
-                      Qt::ControlModifier | Qt::ShiftModifier, {5, 5});
-    QCOMPARE(listener.heard, Qt::ControlModifier | Qt::ShiftModifier);
 }
 
 void TestUtilities::greyHasTheLuminanceHalfWayToTheMiddle_data()
