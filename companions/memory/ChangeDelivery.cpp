@@ -41,8 +41,9 @@ void ChangeDelivery::postAll()
 
 void ChangeDelivery::schedule()
 {
+    auto event = std::make_unique<QEvent>(deliveryEvent());
     if (!m_scheduled.exchange(true, std::memory_order_acq_rel))
-        QCoreApplication::postEvent(this, new QEvent(deliveryEvent()));
+        QCoreApplication::postEvent(this, event.release());
 }
 
 ProxyRecord *ChangeDelivery::findRecord(const TMemProxyBasic &proxy)
@@ -119,7 +120,8 @@ void ChangeDelivery::dropObserver(ProxyRecord &record, size_t number)
 
 bool ChangeDelivery::event(QEvent *event)
 {
-    if (event->type() != deliveryEvent())
+    // The flag comes first: with it the thread that set it hands over the event that it has made.
+    if (!m_scheduled.load(std::memory_order_acquire) || event->type() != deliveryEvent())
         return QObject::event(event);
     deliver();
     return true;

@@ -5,11 +5,11 @@
 #include "interfaces/TMemProxy.h"
 
 #include <QCoreApplication>
+#include <QtEndian>
 #include <QWidget>
 
 #include <atomic>
 #include <functional>
-#include <vector>
 
 /// A control reduced to its contract: it attaches, counts its calls and keeps the value it last saw.
 class Probe : public QWidget, public TMemProxy
@@ -42,7 +42,8 @@ public:
             return;
         }
         if (given) {
-            reading.assign(given, given + 4);
+            reading = qFromBigEndian<quint32>(given);
+            ++readings;
         } else {
             ++calls;
             seen = stored();
@@ -61,7 +62,8 @@ public:
     std::function<void()> onProcess;
     std::atomic<int> calls{0};
     int seen = 0;
-    std::vector<int> reading;
+    std::atomic<int> readings{0};
+    std::atomic<quint32> reading{0}; ///< the four bytes, the first one highest
     bool recordedByOwner = false;
     bool servedAnyway = false;
 };
