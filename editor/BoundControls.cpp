@@ -13,15 +13,17 @@ QList<QWidget *> boundcontrols::inside(QWidget *root)
 
 QString boundcontrols::nameOf(QWidget *control, const ParameterMemory &memory)
 {
-    const TMemProxy &proxy = *proxyOf(control);
+    const TMemProxy *proxy = proxyOf(control);
+    if (!proxy)
+        return {};
     const QString name = control->accessibleName();
-    return name.isEmpty() ? memory.labelOf(proxy.group, proxy.index, proxy.element) : name;
+    return name.isEmpty() ? memory.labelOf(proxy->group, proxy->index, proxy->element) : name;
 }
 
 QString boundcontrols::valueTextOf(QWidget *control)
 {
-    const TMemProxy &proxy = *proxyOf(control);
-    if (!proxy.isAttached() || !binding::ready(proxy))
+    const TMemProxy *proxy = proxyOf(control);
+    if (!proxy || !proxy->isAttached() || !binding::ready(*proxy))
         return {};
-    return binding::display(proxy, binding::read(proxy), binding::range(proxy)).text;
+    return binding::display(*proxy, binding::read(*proxy), binding::range(*proxy)).text;
 }

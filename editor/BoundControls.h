@@ -9,7 +9,8 @@
 
 class ParameterMemory;
 
-/// What the editor asks of any widget that may be a bound control.
+/// What the editor asks of any widget that may be a bound control. A control under destruction no longer
+/// is one, though it still sends events: it has no proxy, name or text.
 namespace boundcontrols {
 
 /// The proxy that a widget is; null when it is no bound control.
@@ -21,10 +22,10 @@ inline TMemProxy *proxyOf(QWidget *widget)
 /// The bound controls below a widget, in the order of the form.
 QList<QWidget *> inside(QWidget *root);
 
-/// What a bound control is for: its accessible name, else its parameter's name for people.
+/// What a control is for: its accessible name, else its parameter's name for people.
 QString nameOf(QWidget *control, const ParameterMemory &memory);
 
-/// The display text of a bound control's value; empty while it is not attached.
+/// The display text of a control's value; empty while it is not attached.
 QString valueTextOf(QWidget *control);
 
 } // namespace boundcontrols

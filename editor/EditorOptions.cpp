@@ -30,7 +30,8 @@ void readRate(EditorOptions &options, const QString &text)
     bool valid = false;
     options.rate = text.toInt(&valid);
     if (!valid || options.rate < 0 || options.rate > highestRate)
-        options.error = QString("--rate: \"%1\" is no number from 0 to %2").arg(text).arg(highestRate);
+        options.error =
+            QString("--rate: \"%1\" is no number from 0 to %2").arg(text).arg(highestRate);
 }
 
 void readScale(EditorOptions &options, const QString &text)
@@ -38,7 +39,8 @@ void readScale(EditorOptions &options, const QString &text)
     bool valid = false;
     options.scale = text.toDouble(&valid);
     if (!valid || !(options.scale >= 1 && options.scale <= highestScale))
-        options.error = QString("--scale: \"%1\" is no factor from 1 to %2").arg(text).arg(highestScale);
+        options.error =
+            QString("--scale: \"%1\" is no factor from 1 to %2").arg(text).arg(highestScale);
 }
 
 void readSize(EditorOptions &options, const QString &text)

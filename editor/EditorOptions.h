@@ -8,18 +8,18 @@
 /// What the command line asks for.
 struct EditorOptions
 {
-    QStringList forms;  ///< form files; none: the shipped screens
-    QString model;      ///< console model; empty: the one the library ships with
-    QString screens;    ///< folder for pictures of all screens; empty: an editor with a window
+    QStringList forms; ///< form files; none: the shipped screens
+    QString model;     ///< console model; empty: the one the library ships with
+    QString screens;   ///< folder for pictures of all screens; empty: an editor with a window
     QSize size{1280, 800};
-    double scale = 1;   ///< of the pictures
-    int rate = 0;       ///< simulated changes per second
+    double scale = 1; ///< of the pictures
+    int rate = 0;     ///< simulated changes per second
 
-    QString error;      ///< one line; empty when the command line is sound
-    QString answer;     ///< text to print instead of starting (help, version)
+    QString error;  ///< one line; empty when the command line is sound
+    QString answer; ///< text to print instead of starting (help, version)
 
     /// `arguments` begin with the program's name.
     static EditorOptions parse(const QStringList &arguments);
 
-    bool needsDisplay() const { return screens.isEmpty() && answer.isEmpty() && error.isEmpty(); }
+    bool needsDisplay() const { return screens.isEmpty() && answer.isEmpty(); }
 };

@@ -8,8 +8,8 @@
 #include "editor/OnlineLamp.h"
 #include "editor/ProxyCommands.h"
 #include "editor/ScreenPages.h"
-#include "editor/TouchStatus.h"
 #include "editor/TouchedControl.h"
+#include "editor/TouchStatus.h"
 #include "editor/WheelGuard.h"
 #include "widgets/controls/CDial.h"
 
@@ -48,8 +48,8 @@ struct MainWindow::Private
     QList<QAction *> controlCommands;
 };
 
-MainWindow::MainWindow(ParameterMemory &memory, SimulatedConsole &console,
-                       const QStringList &forms, QWidget *parent)
+MainWindow::MainWindow(ParameterMemory &memory, SimulatedConsole &console, const QStringList &forms,
+                       QWidget *parent)
     : QMainWindow(parent), d(std::make_unique<Private>(memory, console, this))
 {
     setWindowTitle(tr("Console Editor"));
@@ -132,8 +132,8 @@ void MainWindow::addControlMenu()
 /// A command for the touched control.
 QAction *MainWindow::addCommand(QMenu *menu, const QString &text, void (*command)(QWidget *))
 {
-    d->controlCommands << menu->addAction(
-        text, this, [this, command] { command(d->touched.control()); });
+    d->controlCommands << menu->addAction(text, this,
+                                          [this, command] { command(d->touched.control()); });
     return d->controlCommands.last();
 }
 
@@ -157,9 +157,8 @@ void MainWindow::addScreenMenu()
     QAction *full = menu->addAction(tr("&Full screen"));
     full->setShortcut(Qt::Key_F11);
     full->setCheckable(true);
-    connect(full, &QAction::toggled, this, [this](bool on) {
-        setWindowState(windowState().setFlag(Qt::WindowFullScreen, on));
-    });
+    connect(full, &QAction::toggled, this,
+            [this](bool on) { setWindowState(windowState().setFlag(Qt::WindowFullScreen, on)); });
 }
 
 void MainWindow::addConsoleMenu()
@@ -187,10 +186,9 @@ void MainWindow::addHelpMenu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&Help"));
     menu->addAction(tr("&About"), this, [this] {
-        QMessageBox::about(this, windowTitle(),
-                           tr("%1 %2\n%3")
-                               .arg(windowTitle(), CONSOLEWIDGETS_VERSION,
-                                    d->memory.model().name()));
+        QMessageBox::about(
+            this, windowTitle(),
+            tr("%1 %2\n%3").arg(windowTitle(), CONSOLEWIDGETS_VERSION, d->memory.model().name()));
     });
 }
 

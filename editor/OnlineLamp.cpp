@@ -11,8 +11,7 @@ namespace {
 constexpr int LampSide = 14;
 }
 
-OnlineLamp::OnlineLamp(QWidget *parent)
-    : QWidget(parent), m_picture(new QLabel), m_word(new QLabel)
+OnlineLamp::OnlineLamp(QWidget *parent) : QWidget(parent), m_picture(new QLabel), m_word(new QLabel)
 {
     auto *line = new QHBoxLayout(this);
     line->setContentsMargins(0, 0, 8, 0);

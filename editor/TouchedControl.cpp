@@ -71,25 +71,18 @@ bool TouchedControl::eventFilter(QObject *watched, QEvent *event)
 {
     auto *control = static_cast<QWidget *>(watched);
     switch (event->type()) {
-    case QEvent::FocusIn:
-        m_focused = control;
-        [[fallthrough]];
+    case QEvent::FocusIn: m_focused = control; [[fallthrough]];
     case QEvent::Enter:
     case QEvent::MouseButtonPress:
-    case QEvent::KeyPress:
-        touch(control);
-        break;
+    case QEvent::KeyPress: touch(control); break;
     case QEvent::FocusOut:
         if (isBorrowed(static_cast<QFocusEvent *>(event)->reason()))
             break;
         m_focused = nullptr;
         leave(control);
         break;
-    case QEvent::Leave:
-        leave(control);
-        break;
-    default:
-        break;
+    case QEvent::Leave: leave(control); break;
+    default: break;
     }
     return false;
 }

@@ -31,6 +31,14 @@ QStringList commandLine(int argc, char **argv)
     return arguments;
 }
 
+/// Without one Qt would end the program with a dump of core.
+bool hasDisplay()
+{
+    return !qEnvironmentVariableIsEmpty("DISPLAY")
+           || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
+           || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
 /// What has to be in place before there is an application.
 void prepareEnvironment(const EditorOptions &options)
 {
@@ -83,7 +91,13 @@ int runEditor(const EditorOptions &options)
 
 int main(int argc, char **argv)
 {
-    prepareEnvironment(EditorOptions::parse(commandLine(argc, argv)));
+    const EditorOptions early = EditorOptions::parse(commandLine(argc, argv));
+    if (early.needsDisplay() && !hasDisplay()) {
+        return fail(early.error.isEmpty()
+                        ? "there is no display; --screens DIR draws the screens without one"
+                        : early.error);
+    }
+    prepareEnvironment(early);
     QApplication application(argc, argv);
     QApplication::setApplicationName("console-editor");
     QApplication::setApplicationVersion(CONSOLEWIDGETS_VERSION);

@@ -76,8 +76,8 @@ struct FormLoader::Private
     int depth = 0;
 
     const PreparedForm &prepare(const QString &fileName);
-    QWidget *build(const PreparedForm &form, const QString &fileName, int channel,
-                   QWidget *parent, QStringList &found);
+    QWidget *build(const PreparedForm &form, const QString &fileName, int channel, QWidget *parent,
+                   QStringList &found);
     void setPictures(QWidget *widget, QStringList &found);
     void findStrayProperties(const PreparedForm &form, QWidget *widget, QStringList &found);
     void connectWidgets(const PreparedForm &form, QWidget *root, QStringList &found);

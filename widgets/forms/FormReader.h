@@ -66,8 +66,8 @@ private:
     QXmlStreamReader m_in;
     PreparedForm m_form;
     QXmlStreamWriter m_out;
-    QSet<QString> m_names;   ///< of all widgets so far
-    QStringList m_widgets;   ///< names of those around the present place, outermost first
+    QSet<QString> m_names; ///< of all widgets so far
+    QStringList m_widgets; ///< names of those around the present place, outermost first
     QStringList m_tabStops;
     int m_depth = 0;
 };

@@ -11,8 +11,8 @@ namespace {
 
 QBoxLayout *newRow(QWidget *owner, Qt::Orientation orientation, int spacing)
 {
-    const auto direction = orientation == Qt::Horizontal ? QBoxLayout::LeftToRight
-                                                         : QBoxLayout::TopToBottom;
+    const auto direction =
+        orientation == Qt::Horizontal ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom;
     auto *row = new QBoxLayout(direction, owner);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(spacing);

@@ -40,5 +40,6 @@ QPixmap picturestore::picture(const QString &file)
 
 void picturestore::dropUnused()
 {
-    store().removeIf([](const auto &entry) { return entry.value().isNull() || entry.value().isDetached(); });
+    store().removeIf(
+        [](const auto &entry) { return entry.value().isNull() || entry.value().isDetached(); });
 }

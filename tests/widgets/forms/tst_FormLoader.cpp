@@ -53,10 +53,9 @@ void TestFormLoader::faultIsToldInOneLineAndTheRestWorks_data()
     QTest::newRow("picture that is none")
         << dial("combinedImage", "<pixmap>broken.png</pixmap>")
         << "widget 'it', property 'combinedImage': \".*broken.png\" holds no picture";
-    QTest::newRow("icon missing")
-        << F::form(F::widget("QPushButton",
-                             F::property("icon", "<iconset><normaloff>no.png</normaloff></iconset>")))
-        << "widget 'it', property 'icon': no picture \"no.png\"";
+    QTest::newRow("icon missing") << F::form(F::widget(
+        "QPushButton", F::property("icon", "<iconset><normaloff>no.png</normaloff></iconset>")))
+                                  << "widget 'it', property 'icon': no picture \"no.png\"";
     QTest::newRow("number that is none")
         << dial("nSubImages", "<number>many</number>")
         << "widget 'it', property 'nSubImages': \"many\" is no number";
@@ -65,9 +64,8 @@ void TestFormLoader::faultIsToldInOneLineAndTheRestWorks_data()
         << "tab stop 'who': no such widget";
     QTest::newRow("signal unknown") << connection("sighed()", "survivor", "clear()")
                                     << "connection from 'it' to 'survivor': no signal sighed\\(\\)";
-    QTest::newRow("slot unknown")
-        << connection("valueChanged(int)", "survivor", "sleep()")
-        << "connection from 'it' to 'survivor': no slot sleep\\(\\)";
+    QTest::newRow("slot unknown") << connection("valueChanged(int)", "survivor", "sleep()")
+                                  << "connection from 'it' to 'survivor': no slot sleep\\(\\)";
     QTest::newRow("receiver unknown") << connection("valueChanged(int)", "nobody", "clear()")
                                       << "connection from 'it' to 'nobody': no widget 'nobody'";
     QTest::newRow("arguments do not fit")
@@ -133,7 +131,8 @@ void TestFormLoader::fileWithoutAFormGivesNoWidget()
 void TestFormLoader::formCutAnywhereIsRefusedWithOneLine()
 {
     const FormFolder files;
-    const QByteArray whole = F::form(F::widget("CDial", F::property("tableId", "<number>3</number>")));
+    const QByteArray whole =
+        F::form(F::widget("CDial", F::property("tableId", "<number>3</number>")));
     const qsizetype end = whole.lastIndexOf("</ui>");
     for (qsizetype length = 0; length <= end; ++length) {
         const QString file = files.write("cut.ui", whole.left(length));
@@ -147,8 +146,8 @@ void TestFormLoader::formCutAnywhereIsRefusedWithOneLine()
 void TestFormLoader::missingClassKeepsItsPlaceInTheLayout()
 {
     const FormFolder files;
-    const QByteArray size = F::property(
-        "minimumSize", "<size><width>70</width><height>90</height></size>");
+    const QByteArray size =
+        F::property("minimumSize", "<size><width>70</width><height>90</height></size>");
     const QString file = files.write("page.ui", F::form(F::widget("CNoSuch", size)));
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression("unknown class"));
     FormLoader loader;
@@ -165,8 +164,8 @@ void TestFormLoader::picturesAreFoundBesideTheFormAndShared()
 {
     const FormFolder files;
     files.writePicture("knob.png");
-    const QByteArray dial = F::widget(
-        "CDial", F::property("combinedImage", "<pixmap>knob.png</pixmap>"));
+    const QByteArray dial =
+        F::widget("CDial", F::property("combinedImage", "<pixmap>knob.png</pixmap>"));
     const QString file = files.write("page.ui", F::form(dial));
     FormLoader loader;
     const std::unique_ptr<QWidget> first(loader.load(file));
@@ -199,7 +198,8 @@ void TestFormLoader::everyRegisteredClassCanBePlaced()
         const QString file = files.write("page.ui", F::form(F::widget(entry.className(), {})));
         FormLoader loader;
         if (entry.metaObject == &FormRepeater::staticMetaObject)
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("'it': its property 'form' is empty"));
+            QTest::ignoreMessage(QtWarningMsg,
+                                 QRegularExpression("'it': its property 'form' is empty"));
         const std::unique_ptr<QWidget> page(loader.load(file));
         const QObject *widget = page->findChild<QWidget *>("it");
         QVERIFY(widget);

@@ -33,7 +33,8 @@ QByteArray TestFormRepeater::strip()
 {
     return "<ui version=\"4.0\"><widget class=\"QWidget\" name=\"Strip{ch}\">"
            "<layout class=\"QVBoxLayout\"><item><widget class=\"QLabel\" name=\"title\">"
-           "<property name=\"text\"><string>CH {ch} is {element}</string></property></widget></item>"
+           "<property name=\"text\"><string>CH {ch} is "
+           "{element}</string></property></widget></item>"
            "<item><widget class=\"CDial\" name=\"gain\"><property name=\"namedAddress\">"
            "<string>kInputHA/kGain</string></property></widget></item></layout></widget></ui>";
 }
@@ -41,7 +42,9 @@ QByteArray TestFormRepeater::strip()
 QByteArray TestFormRepeater::row(const QByteArray &form, int first, int count,
                                  const QByteArray &orientation)
 {
-    const auto number = [](int value) { return "<number>" + QByteArray::number(value) + "</number>"; };
+    const auto number = [](int value) {
+        return "<number>" + QByteArray::number(value) + "</number>";
+    };
     return F::form(F::widget(
         "FormRepeater", F::property("form", "<string>" + form + "</string>")
                             + F::property("firstChannel", number(first))
@@ -54,7 +57,8 @@ void TestFormRepeater::eachStripIsBoundToItsChannel()
     const FormFolder files;
     files.write("strip.ui", strip());
     FormLoader loader;
-    const std::unique_ptr<QWidget> page(loader.load(files.write("page.ui", row("strip.ui", 5, 20))));
+    const std::unique_ptr<QWidget> page(
+        loader.load(files.write("page.ui", row("strip.ui", 5, 20))));
     QVERIFY2(loader.problems().isEmpty(), qPrintable(loader.problems().join('\n')));
 
     ParameterMemory memory;
@@ -106,13 +110,15 @@ void TestFormRepeater::faultyStripIsToldOnce()
     const QString missing = "gone.ui: cannot be read: .+";
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(missing));
     FormLoader loader;
-    const std::unique_ptr<QWidget> first(loader.load(files.write("page.ui", row("gone.ui", 1, 48))));
+    const std::unique_ptr<QWidget> first(
+        loader.load(files.write("page.ui", row("gone.ui", 1, 48))));
     QVERIFY(first->findChild<QLabel *>("survivor"));
     QCOMPARE(loader.problems().size(), 1);
 
     files.write("odd.ui", strip().replace("CDial", "CNoSuch"));
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression("odd.ui: widget 'gain': unknown class"));
-    const std::unique_ptr<QWidget> second(loader.load(files.write("page.ui", row("odd.ui", 1, 48))));
+    const std::unique_ptr<QWidget> second(
+        loader.load(files.write("page.ui", row("odd.ui", 1, 48))));
     QCOMPARE(second->findChildren<QLabel *>("title").size(), 48);
     QCOMPARE(loader.problems().size(), 2);
 }

@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+// The program as its users start it: its files, exit status and messages.
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+class TestEditorProgram : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void screensAreDrawnAlikeEveryTime();
+    void scaledScreensHaveMorePixels_data();
+    void scaledScreensHaveMorePixels();
+    void faultyFormIsToldAndTheRestIsDrawn();
+    void failureIsOneLineAndStatusOne_data();
+    void failureIsOneLineAndStatusOne();
+    void helpAndVersionNeedNoDisplay();
+
+private:
+    struct Run
+    {
+        int status;
+        QString output;
+        QStringList errors; ///< our own lines
+    };
+    static Run run(const QStringList &arguments);
+    QString write(const QString &name, const QByteArray &contents) const;
+    QString path(const QString &name) const { return m_folder.filePath(name); }
+
+    QTemporaryDir m_folder;
+};
+
+TestEditorProgram::Run TestEditorProgram::run(const QStringList &arguments)
+{
+    QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_SCALE_FACTOR"})
+        environment.remove(name);
+    program.setProcessEnvironment(environment);
+    program.start(CONSOLE_EDITOR, arguments);
+    if (!program.waitForFinished(60000))
+        return {-1, {}, {"did not finish"}};
+    QStringList lines =
+        QString::fromUtf8(program.readAllStandardError()).split('\n', Qt::SkipEmptyParts);
+    // What the platform plugin of the tests and Qt say of themselves.
+    lines.removeIf([](const QString &line) {
+        return line.startsWith("QStandardPaths") || line.startsWith("This plugin does not support");
+    });
+    const int status = program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1;
+    return {status, QString::fromUtf8(program.readAllStandardOutput()), lines};
+}
+
+QString TestEditorProgram::write(const QString &name, const QByteArray &contents) const
+{
+    QFile file(path(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size())
+        qFatal("cannot write %s", qPrintable(file.fileName()));
+    return file.fileName();
+}
+
+void TestEditorProgram::screensAreDrawnAlikeEveryTime()
+{
+    for (const char *folder : {"first", "new/second"}) {
+        const Run made = run({"--screens", path(folder)});
+        QCOMPARE(made.errors, QStringList());
+        QCOMPARE(made.status, 0);
+    }
+    const QStringList names = QDir(path("first")).entryList({"*.png"}, QDir::Files, QDir::Name);
+    QCOMPARE(names, QStringList({"channel-strips.png", "head-amps.png", "masters.png",
+                                 "selected-channel.png"}));
+    for (const QString &name : names) {
+        const QImage first(path("first/" + name));
+        QCOMPARE(first.size(), QSize(1280, 800));
+        QCOMPARE(first, QImage(path("new/second/" + name)));
+    }
+}
+
+void TestEditorProgram::scaledScreensHaveMorePixels_data()
+{
+    QTest::addColumn<QString>("scale");
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("1.25") << "1.25" << QSize(1250, 875);
+    QTest::newRow("2") << "2" << QSize(2000, 1400);
+}
+
+void TestEditorProgram::scaledScreensHaveMorePixels()
+{
+    QFETCH(QString, scale);
+    QFETCH(QSize, size);
+    const Run made = run({"--screens", path(scale), "--scale", scale, "--size", "1000x700"});
+    QCOMPARE(made.status, 0);
+    const QImage drawn(path(scale + "/masters.png"));
+    QCOMPARE(drawn.size(), size);
+}
+
+void TestEditorProgram::faultyFormIsToldAndTheRestIsDrawn()
+{
+    const QString faulty = write(
+        "faulty.ui", "<ui version=\"4.0\"><widget class=\"QWidget\" name=\"P\">"
+                     "<layout class=\"QVBoxLayout\"><item><widget class=\"CNoSuch\" name=\"it\"/>"
+                     "</item></layout></widget></ui>");
+    Run made = run({"--screens", path("faulty"), faulty});
+    QCOMPARE(made.status, 0);
+    QCOMPARE(made.errors, QStringList(faulty + ": widget 'it': unknown class CNoSuch"));
+    QVERIFY(QFile::exists(path("faulty/faulty.png")));
+
+    made = run({"--screens", path("missing"), path("missing.ui"), faulty});
+    QCOMPARE(made.status, 1);
+    QCOMPARE(made.errors.size(), 2);
+    QVERIFY(QFile::exists(path("missing/faulty.png")));
+}
+
+void TestEditorProgram::failureIsOneLineAndStatusOne_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("tells");
+    const QString broken = write("broken.json", "{\"name\": 1, ");
+    const QString file = write("file", "in the way");
+    const QString screens = path("failing");
+    QTest::newRow("model missing")
+        << QStringList({"--screens", screens, "--model", path("no.json")}) << "no.json";
+    QTest::newRow("model broken") << QStringList({"--screens", screens, "--model", broken})
+                                  << "broken.json";
+    QTest::newRow("option unknown") << QStringList("--loud") << "loud";
+    QTest::newRow("folder cannot be made") << QStringList({"--screens", file + "/in"}) << "file/in";
+    QTest::newRow("no display") << QStringList() << "--screens";
+}
+
+void TestEditorProgram::failureIsOneLineAndStatusOne()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, tells);
+    const Run made = run(arguments);
+    QCOMPARE(made.status, 1);
+    QVERIFY2(made.errors.size() == 1, qPrintable(made.errors.join('\n')));
+    QVERIFY2(made.errors.constFirst().contains(tells), qPrintable(made.errors.constFirst()));
+}
+
+void TestEditorProgram::helpAndVersionNeedNoDisplay()
+{
+    const Run help = run({"--help"});
+    QCOMPARE(help.status, 0);
+    for (const char *option : {"--model", "--screens", "--rate", "--size", "--scale", "FORM"})
+        QVERIFY2(help.output.contains(option), option);
+    const Run version = run({"--version"});
+    QCOMPARE(version.status, 0);
+    QVERIFY(version.output.startsWith("console-editor "));
+}
+
+QTEST_MAIN(TestEditorProgram)
+#include "tst_EditorProgram.moc"
