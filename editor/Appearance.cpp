@@ -44,6 +44,10 @@ void appearance::apply(QApplication &application)
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setPalette(darkPalette());
     QToolTip::setPalette(darkPalette());
+    // Lighter than any panel that a menu may open over.
+    QPalette menu = darkPalette();
+    menu.setColor(QPalette::Base, QColor(52, 57, 63));
+    QApplication::setPalette(menu, "QMenu");
     QFont font = QApplication::font();
     font.setPointSizeF(9);
     application.setFont(font);

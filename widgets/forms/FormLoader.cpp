@@ -139,18 +139,22 @@ void FormLoader::Private::setPictures(QWidget *widget, QStringList &found)
 }
 
 // A property that the class does not have ends up as one that nobody reads: most often a name
-// mistyped. Those whose names begin with an underscore are Qt's own.
+// mistyped. Authors may add properties to Qt's widgets; ours have all theirs from the class, and a form
+// editor that does not know it marks them as added. Names that begin with an underscore are Qt's own.
 void FormLoader::Private::findStrayProperties(const PreparedForm &form, QWidget *widget,
                                               QStringList &found)
 {
     if (isStandIn(widget))
         return;
+    const QString className = widget->metaObject()->className();
+    const bool ours = WidgetRegistry::find(className);
     const QList<QByteArray> names = widget->dynamicPropertyNames();
     for (const QByteArray &name : names) {
-        if (name.startsWith('_') || form.addedProperties.contains(name))
+        const bool added = !ours && form.addedProperties.contains(name);
+        if (added || name.startsWith('_') || name == FormRepeater::ElementProperty)
             continue;
         found << tr("widget '%1', property '%2': %3 has no such property")
-                     .arg(widget->objectName(), name, widget->metaObject()->className());
+                     .arg(widget->objectName(), name, className);
     }
 }
 

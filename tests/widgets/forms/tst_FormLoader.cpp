@@ -47,6 +47,10 @@ void TestFormLoader::faultIsToldInOneLineAndTheRestWorks_data()
     QTest::newRow("property mistyped")
         << dial("nameAddress", "<string>x/y</string>")
         << "widget 'it', property 'nameAddress': CDial has no such property";
+    QTest::newRow("property mistyped and marked as added")
+        << F::form(F::widget("CDial", "<property name=\"table\" stdset=\"0\"><number>3</number>"
+                                      "</property>"))
+        << "widget 'it', property 'table': CDial has no such property";
     QTest::newRow("picture missing")
         << dial("combinedImage", "<pixmap>none.png</pixmap>")
         << "widget 'it', property 'combinedImage': no picture \"none.png\"";
