@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+// What a change of a parameter costs on the thread that makes it, and on the GUI thread.
+#include "bench/DeliveryRig.h"
+#include "bench/Producer.h"
+#include "bench/Rounds.h"
+#include "bench/Rows.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+enum class Side { Producer, Gui };
+
+/// An iteration is a frame: another thread changes every parameter once, then the GUI thread turns.
+/// Its time is that of one side.
+template<typename Delivery>
+rounds::Case frames(const char *name, Delivery &delivery, Producer &producer, Side side)
+{
+    const auto body = [&delivery, &producer, side, step = 0](benchmark::State &state) mutable {
+        for (auto _ : state) {
+            step = (step + 1) % scale::Steps;
+            const double producing = producer.run([&] {
+                for (int receiver = 0; receiver < ReceiverCount; ++receiver)
+                    delivery.change(receiver, step);
+            });
+            const double start = threadSeconds();
+            QCoreApplication::sendPostedEvents();
+            const double delivering = threadSeconds() - start;
+            state.SetIterationTime(side == Side::Producer ? producing : delivering);
+        }
+        if (delivery.stale() > 0)
+            state.SkipWithError("changes were not delivered");
+    };
+    return {name, body, rounds::Clock::Own};
+}
+
+Measurement compareFrames(Side side)
+{
+    Producer producer;
+    MemoryDelivery memory;
+    DirtyListDelivery list;
+    return rounds::compare({frames("1000 changes, memory", memory, producer, side),
+                            frames("1000 changes, dirty list", list, producer, side)},
+                           rounds::firstToSecond);
+}
+
+} // namespace
+
+Measurement producerCost()
+{
+    return compareFrames(Side::Producer);
+}
+
+Measurement deliveryCost()
+{
+    return compareFrames(Side::Gui);
+}

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "bench/Rows.h"
+
+const std::vector<Row> &rows()
+{
+    static const std::vector<Row> all{
+        {"dial-refresh", "a dial shows a new value, to an empty child's frame and a blit", 1.30, 1.20,
+         dialRefresh},
+        {"dial-alpha", "the same with a translucent strip, to the ideal alpha knob", 1.15, 1.0,
+         dialAlpha},
+        {"dial-unchanged", "a refresh without a change, to the same as dial-refresh", 0.06, 0.03,
+         dialUnchanged},
+        {"dial-same-row", "paints per change that leaves the picture as it is", 0, 0, dialSameRow},
+        {"construct", "making a dial, to making an ideal knob", 1.7, 1.3, dialConstruction},
+        {"memory", "resident memory of a dial, to that of a QWidget", 1.7, 1.4, dialMemory},
+        {"memory-growth", "bytes per dial after ten changes, divided by 200", 1.0, 0,
+         dialMemoryGrowth},
+        {"cross-thread-producer", "a change on the thread that makes it, to the dirty list", 1.5, 1.1,
+         producerCost},
+        {"cross-thread-gui", "a change on the GUI thread, to the dirty list", 2.0, 1.2, deliveryCost},
+        {"cross-thread-flood", "a million changes from 4 threads to 1000 dials, to the dirty list",
+         1.5, 1.1, floodTime},
+        {"cross-thread-lost", "dials left on an old value by 20 floods", 0, 0, floodLosses},
+    };
+    return all;
+}

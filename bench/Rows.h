@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "bench/Measurement.h"
+
+#include <vector>
+
+/// One line of the speed table.
+struct Row
+{
+    const char *name;
+    const char *what;
+    double limit; ///< more than this is a failure
+    double aim;   ///< this or less is what we want
+    Measurement (*measure)();
+};
+
+/// All lines, in the order in which they are measured and printed.
+const std::vector<Row> &rows();
+
+// How each is measured, in the file that is named.
+
+// DialRows.cpp
+Measurement dialRefresh();
+Measurement dialAlpha();
+Measurement dialUnchanged();
+Measurement dialSameRow();
+
+// ConstructionRows.cpp
+Measurement dialConstruction();
+
+// FootprintRows.cpp
+Measurement dialMemory();
+Measurement dialMemoryGrowth();
+
+// DeliveryRows.cpp
+Measurement producerCost();
+Measurement deliveryCost();
+
+// FloodRows.cpp
+Measurement floodTime();
+Measurement floodLosses();
