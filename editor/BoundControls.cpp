@@ -17,7 +17,8 @@ QString boundcontrols::nameOf(QWidget *control, const ParameterMemory &memory)
     if (!proxy)
         return {};
     const QString name = control->accessibleName();
-    return name.isEmpty() ? memory.labelOf(proxy->group, proxy->index, proxy->element) : name;
+    const IMemAPI::TSingleBaseAddress at = proxy->valueAddress();
+    return name.isEmpty() ? memory.labelOf(at.group, at.index, at.element) : name;
 }
 
 QString boundcontrols::valueTextOf(QWidget *control)

@@ -36,9 +36,10 @@ void readRate(EditorOptions &options, const QString &text)
 
 void readScale(EditorOptions &options, const QString &text)
 {
-    bool valid = false;
-    options.scale = text.toDouble(&valid);
-    if (!valid || !(options.scale >= 1 && options.scale <= highestScale))
+    const double scale = text.toDouble();
+    if (scale >= 1 && scale <= highestScale)
+        options.scale = scale;
+    else
         options.error =
             QString("--scale: \"%1\" is no factor from 1 to %2").arg(text).arg(highestScale);
 }

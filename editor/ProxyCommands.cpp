@@ -91,8 +91,8 @@ bool ProxyCommands::canPaste(QWidget *control)
     const QByteArray bytes = clipboardBytes();
     QDataStream in(bytes);
     const TParamInfoReader reader(&in);
-    return reader.isValid() && reader.info().group == proxy->group
-           && reader.info().index == proxy->index;
+    const IMemAPI::TSingleBaseAddress at = proxy->valueAddress();
+    return reader.isValid() && reader.info().group == at.group && reader.info().index == at.index;
 }
 
 QMenu *ProxyCommands::contextMenu(QWidget *control) const

@@ -44,8 +44,9 @@ QString TouchedControl::address() const
     const TMemProxy *proxy = proxyOf(m_control);
     if (!proxy || !proxy->isAttached())
         return {};
-    return QString("%1").arg(proxy->element, 2, 16, QLatin1Char('0')).toUpper()
-           + m_memory.nameOf(proxy->group, proxy->index);
+    const IMemAPI::TSingleBaseAddress at = proxy->valueAddress();
+    return QString("%1").arg(at.element, 2, 16, QLatin1Char('0')).toUpper()
+           + m_memory.nameOf(at.group, at.index);
 }
 
 QString TouchedControl::value() const

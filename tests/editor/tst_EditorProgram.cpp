@@ -126,6 +126,7 @@ void TestEditorProgram::failureIsOneLineAndStatusOne_data()
     QTest::newRow("model broken") << QStringList({"--screens", screens, "--model", broken})
                                   << "broken.json";
     QTest::newRow("option unknown") << QStringList("--loud") << "loud";
+    QTest::newRow("scale unusable") << QStringList({"--screens", screens, "--scale", "0"}) << "0";
     QTest::newRow("folder cannot be made") << QStringList({"--screens", file + "/in"}) << "file/in";
     QTest::newRow("no display") << QStringList() << "--screens";
 }
