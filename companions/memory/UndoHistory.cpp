@@ -85,8 +85,7 @@ void UndoHistory::note(int token, const TParamInfo &before, int after)
 
 bool UndoHistory::continuesBurst(const TParamInfo &address) const
 {
-    return m_burst.step && sameAddress(m_burst.lastWrite, address)
-        && m_stack.command(m_stack.index() - 1) == m_burst.step;
+    return m_burst.step && sameAddress(m_burst.lastWrite, address);
 }
 
 void UndoHistory::grow(OpenStep &open, const TParamInfo &before, int after)

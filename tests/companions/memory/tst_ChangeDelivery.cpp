@@ -320,6 +320,8 @@ void tst_ChangeDelivery::anEventLoopInsideACallGoesOnWithTheRest()
     bool laterChangeCameInside = false;
     probes[0]->onProcess = [&] {
         probes[0]->onProcess = nullptr;
+        MAPI_postObserverEvent(rig.memory.get(), probes[3].get());
+        probes[3].reset(); // waits in this delivery and in the next one
         QEventLoop loop;
         QTimer::singleShot(20, &loop, [&] {
             restCameInside = probes[1]->take() == 1 && probes[2]->take() == 1;
@@ -331,7 +333,7 @@ void tst_ChangeDelivery::anEventLoopInsideACallGoesOnWithTheRest()
         });
         loop.exec();
     };
-    for (int element = 0; element < 3; ++element)
+    for (int element = 0; element < 4; ++element)
         rig.write(Fader, element, -9);
     rig.turn();
     QVERIFY(restCameInside);

@@ -613,30 +613,32 @@ void tst_ParameterMemory::clocksComeOnTheGuiThread()
 void tst_ParameterMemory::findsPhantomPowerByThePatch_data()
 {
     QTest::addColumn<int>("source");
-    QTest::addColumn<int>("firstOfUnit2");
+    QTest::addColumn<int>("movedUnit");
+    QTest::addColumn<int>("firstSource");
     QTest::addColumn<int>("host");
     QTest::addColumn<int>("element");
-    QTest::newRow("first port of unit 0") << 1 << 17 << 0 << 0;
-    QTest::newRow("last port of unit 1") << 16 << 17 << 0 << 15;
-    QTest::newRow("unit moved to other sources") << 141 << 140 << 0 << 17;
-    QTest::newRow("between units") << 17 << 140 << 0 << -1;
-    QTest::newRow("unit not connected") << 17 << 0 << 0 << -1;
-    QTest::newRow("not patched") << 0 << 17 << 0 << -1;
-    QTest::newRow("local source") << 150 << 17 << 0 << -1;
-    QTest::newRow("operated by another console") << 1 << 17 << 3 << -1;
+    QTest::newRow("first port of unit 0") << 1 << 2 << 17 << 0 << 0;
+    QTest::newRow("last port of unit 1") << 16 << 2 << 17 << 0 << 15;
+    QTest::newRow("unit moved to other sources") << 141 << 2 << 140 << 0 << 17;
+    QTest::newRow("between units") << 17 << 2 << 140 << 0 << -1;
+    QTest::newRow("unit not connected") << 3 << 0 << 0 << 0 << -1;
+    QTest::newRow("not patched") << 0 << 2 << 17 << 0 << -1;
+    QTest::newRow("local source") << 150 << 2 << 17 << 0 << -1;
+    QTest::newRow("operated by another console") << 1 << 2 << 17 << 3 << -1;
 }
 
 void tst_ParameterMemory::findsPhantomPowerByThePatch()
 {
     QFETCH(int, source);
-    QFETCH(int, firstOfUnit2);
+    QFETCH(int, movedUnit);
+    QFETCH(int, firstSource);
     QFETCH(int, host);
     QFETCH(int, element);
     Rig rig;
     Probe probe("kInputHA/k48V");
     rig.bind(probe, 20);
     rig.write("kPatchInInput/kPatchIn", 20, source);
-    rig.write("kSetupHX612/kHX612Port", 2, firstOfUnit2);
+    rig.write("kSetupHX612/kHX612Port", movedUnit, firstSource);
     rig.write("kHX612Host/kHX612HostID", 0, host);
     IMemAPI::TSingleBaseAddress at{-1, -1, -1};
     QCOMPARE(rig.memory->resolvePhantomAddress(&probe, -1, -1, at), element >= 0);
