@@ -93,7 +93,7 @@ void ChangeDelivery::attach(ProxyRecord &record, ValueCell &cell)
         return;
     record.cells.push_back(number);
     m_observers[number].push_back(&record);
-    // Changed of an unobserved cell is stale, and what is in it the proxy reads in the call that it
+    // Changes counted so far are old news: what is in the cell the proxy reads in the call that it
     // gets now anyway.
     if (!(cell.state.load(std::memory_order_relaxed) & ValueCell::Observed))
         cell.state.exchange(ValueCell::Observed, std::memory_order_acq_rel);
@@ -109,11 +109,11 @@ void ChangeDelivery::detach(ProxyRecord &record, ValueCell &cell)
 
 void ChangeDelivery::dropObserver(ProxyRecord &record, size_t number)
 {
-    std::erase(m_observers[number], &record);
-    if (!m_observers[number].empty())
+    m_observers[number].removeOne(&record);
+    if (!m_observers[number].isEmpty())
         return;
     // A cell that is in the list stays observed until the delivery finds that nobody is left.
-    quint32 quiet = ValueCell::Observed;
+    quint64 quiet = ValueCell::Observed;
     m_store->cellNumbered(number).state.compare_exchange_strong(quiet, 0,
                                                                 std::memory_order_acq_rel);
 }
@@ -157,10 +157,11 @@ void ChangeDelivery::collectCells()
     ValueCell *next = m_changedCells.takeAll();
     while (next) {
         ValueCell &cell = *next;
-        next = cell.next; // from the clearing on, a writer may link the cell anew
-        const auto &observers = m_observers[m_store->numberOf(cell)];
-        const quint32 cleared = observers.empty() ? ValueCell::Observed : ValueCell::Changed;
-        cell.state.fetch_and(~cleared, std::memory_order_acq_rel);
+        next = cell.next; // once the count is back, a writer may link the cell anew
+        const Observers &observers = m_observers[m_store->numberOf(cell)];
+        const quint64 kept = observers.isEmpty() ? ~quint64(ValueCell::Observed)
+                                                 : quint64(ValueCell::Observed);
+        cell.state.fetch_and(kept, std::memory_order_acq_rel);
         for (ProxyRecord *record : observers)
             enqueue(*record);
     }

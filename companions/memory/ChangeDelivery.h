@@ -6,22 +6,27 @@
 #include "companions/memory/ProxyRecord.h"
 
 #include <QObject>
+#include <QVarLengthArray>
 
 /// Brings changes of parameters, made on any thread, to the proxies that are registered on them: on
 /// the GUI thread, gathered, at most one process() per proxy in a turn of the event loop.
 ///
-/// Why no change is lost. A writer stores the value and then sets Changed with a read-modify-write;
-/// the delivery clears Changed with a read-modify-write and lets the proxies read the value only after
-/// that. All of these are on one atomic and thus in one order. A writer that comes before the clearing
-/// hands its value over through it (its operation, or a later one in the same release sequence, is
-/// what the clearing reads). A writer that comes after it finds Changed clear and puts the cell into
-/// the list again. Clearing with a plain store would break the chain: the value could be read before
-/// the store is seen.
+/// Why no change is lost. A writer stores the value and then counts a change in the cell's state with
+/// a read-modify-write; the delivery sets the count back with a read-modify-write and lets the proxies
+/// read the value only after that. All of these are on one atomic and thus in one order. A writer that
+/// comes before the setting back hands its value over through it (its operation, or a later one of the
+/// same release sequence, is what the setting back reads). A writer that comes after it finds no
+/// change counted and puts the cell into the list again. Setting back with a plain store would break
+/// the chain: the value could be read before the writer's store is seen.
 ///
-/// Why a cell is in the list at most once. Only the writer that turns "Observed" into "Observed and
-/// Changed" pushes, and Observed is taken away either from a cell without Changed, hence not in the
-/// list, or by the delivery, which has just taken the cell out. A cell that nobody observes keeps
-/// Changed set, and its writers leave the list and the GUI thread alone.
+/// Why a cell is in the list at most once. Only the first change of an observed cell pushes it, and
+/// Observed is taken away either from a cell without changes, hence not in the list, or by the
+/// delivery, which has just taken the cell out and leaves it its count. Such a cell goes on counting,
+/// and its writers leave the list and the GUI thread alone.
+///
+/// The writer counts, instead of setting a flag, because an addition is one bus operation whose result
+/// tells all; setting a bit and learning the others takes a read before it, and twice the time where
+/// threads compete.
 class ChangeDelivery : public QObject
 {
 public:
@@ -34,7 +39,8 @@ public:
     /// A value was stored in the cell. Any thread.
     void changed(ValueCell &cell)
     {
-        const quint32 before = cell.state.fetch_or(ValueCell::Changed, std::memory_order_acq_rel);
+        const quint64 before = cell.state.fetch_add(ValueCell::OneChange,
+                                                    std::memory_order_acq_rel);
         if (before == ValueCell::Observed && m_changedCells.push(cell))
             schedule();
     }
@@ -72,13 +78,18 @@ private:
     void dropObserver(ProxyRecord &record, size_t number);
     void reclaim(ProxyRecord &record);
 
-    ParameterStore *m_store = nullptr;
-    DirtyStack<ValueCell> m_changedCells;
+    using Observers = QVarLengthArray<ProxyRecord *, 1>; ///< mostly there is one
+
+    // What all threads write stands apart from what the GUI thread writes at every call.
+    static constexpr size_t CacheLine = 64;
+
+    alignas(CacheLine) DirtyStack<ValueCell> m_changedCells;
     DirtyStack<ProxyRecord> m_pendingRecords;
     std::atomic<bool> m_scheduled{false};
     std::atomic<bool> m_allPending{false};
 
-    std::vector<std::vector<ProxyRecord *>> m_observers; ///< by number of cell
+    alignas(CacheLine) ParameterStore *m_store = nullptr;
+    std::vector<Observers> m_observers;                  ///< by number of cell
     std::vector<std::unique_ptr<ProxyRecord>> m_records; ///< released ones while still queued
     std::vector<ProxyRecord *> m_batch; ///< whose turn it is, up to m_delivered already served
     size_t m_delivered = 0;

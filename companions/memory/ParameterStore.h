@@ -8,14 +8,18 @@
 #include <memory>
 #include <vector>
 
-/// One stored value. Any thread.
-struct ValueCell
+/// One stored value. Any thread. Two to a cache line, so that threads that write different values
+/// seldom meet.
+struct alignas(32) ValueCell
 {
-    /// See ChangeDelivery for how these bits change.
-    enum StateBit : quint32 { Observed = 1 << 0, Changed = 1 << 1 };
+    /// What `state` is made of; see ChangeDelivery for how it changes.
+    enum State : quint64 {
+        Observed = 1,  ///< a proxy is registered on the value
+        OneChange = 2, ///< added by every write since the last delivery
+    };
 
     std::atomic<int> value{0};
-    std::atomic<quint32> state{0};
+    std::atomic<quint64> state{0};
     ValueCell *next = nullptr; ///< in the list of changed cells
 };
 

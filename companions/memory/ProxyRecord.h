@@ -16,12 +16,11 @@ struct ProxyRecord
 
     /// Set while an observer event is asked for and not yet taken up.
     std::atomic<bool> pending{false};
-    ProxyRecord *next = nullptr; ///< in the list of pending records
-
-    TMemProxyBasic *proxy;       ///< null once the proxy has been released
-    std::vector<size_t> cells;   ///< the numbers of the cells on which it is registered
-    size_t place = 0;            ///< among all records
-    int givenElement = 0;        ///< what the binder, or the last selection, gave
     bool batched = false;        ///< waits for its turn in the present delivery
     bool deliveredLive = false;  ///< has meter watches or time code requests
+    int givenElement = 0;        ///< what the binder, or the last selection, gave
+    ProxyRecord *next = nullptr; ///< in the list of pending records
+    TMemProxyBasic *proxy;       ///< null once the proxy has been released
+    size_t place = 0;            ///< among all records
+    std::vector<size_t> cells;   ///< the numbers of the cells on which it is registered
 };
