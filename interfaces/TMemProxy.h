@@ -122,6 +122,10 @@ public:
     qint16 elementOffset() const { return m_elementOffset; }
     void setElementOffset(qint16 offset) { m_elementOffset = offset; }
 
+    /// Where the value is that the control shows and edits: at the proxy's own address, unless the
+    /// control follows a patch from there.
+    virtual IMemAPI::TSingleBaseAddress valueAddress() const { return *this; }
+
     /// The packed form of this proxy's address.
     quint32 packed() const { return packedAddress(group, index, element); }
 

@@ -14,7 +14,9 @@ inline bool TMemProxy::getInformation(TParamInfo &info) const
 {
     if (!memAPIReady() || !m_attached)
         return false;
-    info = {group, element, index, m_memAPI->readValue(group, index, element, 0, 0)};
+    const IMemAPI::TSingleBaseAddress at = valueAddress();
+    info = {at.group, at.element, at.index,
+            m_memAPI->readValue(at.group, at.index, at.element, 0, 0)};
     return true;
 }
 
@@ -23,8 +25,9 @@ inline bool TMemProxy::setInformation(const TParamInfo &info)
     if (!memAPIReady() || !m_attached)
         return false;
     const TMemOriginHelper origin(m_memAPI, this);
+    const IMemAPI::TSingleBaseAddress at = valueAddress();
     const int token = m_memAPI->undoToken(0, 1);
-    return m_memAPI->writeValue(group, index, element, info.value, token) >= 0;
+    return m_memAPI->writeValue(at.group, at.index, at.element, info.value, token) >= 0;
 }
 
 inline void TMemProxy::writeUndo(IUndoRecord &record, int key)
@@ -41,15 +44,16 @@ inline void TMemProxy::writeUndo(IUndoRecord &record, int key)
 inline bool TMemProxy::parameterRange(double &minimum, double &maximum, double &step) const
 {
     const bool bound = memAPIReady() && m_attached;
-    minimum = bound ? m_memAPI->readMinimum(group, index, element, 0) : 0;
-    maximum = bound ? m_memAPI->readMaximum(group, index, element, 0) : 0;
+    const IMemAPI::TSingleBaseAddress at = valueAddress();
+    minimum = bound ? m_memAPI->readMinimum(at.group, at.index, at.element, 0) : 0;
+    maximum = bound ? m_memAPI->readMaximum(at.group, at.index, at.element, 0) : 0;
     step = 1;
     return bound;
 }
 
 inline void TMemProxy::setWidgetShowState(QWidget *widget)
 {
-    const bool hide = !m_disableAutoHide && !m_memAPI->parameterExists(group, index, element);
+    const bool hide = !disableAutoHide() && !m_memAPI->parameterExists(group, index, element);
     if (hide == m_autoHidden)
         return;
     if (hide && widget->isHidden())
@@ -86,7 +90,7 @@ inline TParamInfoWriter::TParamInfoWriter(TMemProxy &proxy, int value, QDataStre
 {
     if (!stream)
         return;
-    const qint16 own = index == -1 ? proxy.index : index;
-    *stream << paramstream::Mark << proxy.group << proxy.element << own
-            << static_cast<qint32>(value);
+    const IMemAPI::TSingleBaseAddress at = proxy.valueAddress();
+    const qint16 own = index == -1 ? at.index : index;
+    *stream << paramstream::Mark << at.group << at.element << own << static_cast<qint32>(value);
 }

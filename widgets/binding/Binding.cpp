@@ -22,20 +22,21 @@ int pastedValue(TMemProxy &proxy, const Q_UINT8 *data)
     const TParamInfoReader reader(streamIn(data));
     if (!reader.isValid())
         return binding::read(proxy);
+    const IMemAPI::TSingleBaseAddress at = proxy.valueAddress();
     TParamInfo info = reader.info();
-    info.element = proxy.element;
+    info.element = at.element;
     const TMemOriginHelper origin(proxy.memAPI(), &proxy);
     // An undo step of its own, whatever was done just before.
     binding::beginGesture(proxy);
-    const bool applied = proxy.memAPI()->applyParamInfo(proxy.group, proxy.index, info, 0);
+    const bool applied = proxy.memAPI()->applyParamInfo(at.group, at.index, info, 0);
     binding::endGesture(proxy);
     return applied ? info.value : binding::read(proxy);
 }
 
 int defaultValue(const TMemProxy &proxy, bool alternative, int *unavailable)
 {
-    return proxy.memAPI()->readDefault(proxy.group, proxy.index, proxy.element, alternative,
-                                       unavailable);
+    const IMemAPI::TSingleBaseAddress at = proxy.valueAddress();
+    return proxy.memAPI()->readDefault(at.group, at.index, at.element, alternative, unavailable);
 }
 
 int alternativeDefaultValue(const TMemProxy &proxy)
@@ -63,20 +64,23 @@ bool binding::handOverToMainThread(TMemProxy &proxy)
 {
     if (NS_Utilities::mainThreadRunning())
         return false;
-    MAPI_postObserverEvent(proxy.memAPI(), &proxy);
+    if (IMemAPI *memory = proxy.memAPI())
+        MAPI_postObserverEvent(memory, &proxy);
     return true;
 }
 
 binding::Range binding::range(const TMemProxy &proxy)
 {
     const IMemAPI &memory = *proxy.memAPI();
-    return {memory.readMinimum(proxy.group, proxy.index, proxy.element, 0),
-            memory.readMaximum(proxy.group, proxy.index, proxy.element, 0)};
+    const IMemAPI::TSingleBaseAddress at = proxy.valueAddress();
+    return {memory.readMinimum(at.group, at.index, at.element, 0),
+            memory.readMaximum(at.group, at.index, at.element, 0)};
 }
 
 int binding::read(const TMemProxy &proxy)
 {
-    return proxy.memAPI()->readValue(proxy.group, proxy.index, proxy.element, 0, 0);
+    const IMemAPI::TSingleBaseAddress at = proxy.valueAddress();
+    return proxy.memAPI()->readValue(at.group, at.index, at.element, 0, 0);
 }
 
 int binding::incomingValue(TMemProxy &proxy, const Q_UINT8 *data, int operation)
@@ -103,7 +107,7 @@ int binding::write(TMemProxy &proxy, int value)
     IMemAPI *memory = proxy.memAPI();
     if (!memory)
         return value;
-    const UnpackedAddress at{proxy.group, proxy.index, proxy.element};
+    const IMemAPI::TSingleBaseAddress at = proxy.valueAddress();
     {
         const TMemOriginHelper origin(memory, &proxy);
         const int token = memory->undoToken(0, 1);
@@ -122,6 +126,14 @@ void binding::endGesture(TMemProxy &proxy)
 {
     if (ready(proxy))
         proxy.memAPI()->endGesture(&proxy);
+}
+
+int binding::writeAsOwnStep(TMemProxy &proxy, int value)
+{
+    beginGesture(proxy);
+    const int stored = write(proxy, value);
+    endGesture(proxy);
+    return stored;
 }
 
 binding::Display binding::display(const TMemProxy &proxy, int value, Range bounds)

@@ -68,7 +68,7 @@ CONSOLEWIDGETS_EXPORT void detach(TMemProxy &proxy);
 /// the caller returns. Any thread.
 CONSOLEWIDGETS_EXPORT bool handOverToMainThread(TMemProxy &proxy);
 
-/// The parameter's bounds and stored value. Any thread.
+/// The bounds and the stored value of the parameter that the control shows. Any thread.
 CONSOLEWIDGETS_EXPORT Range range(const TMemProxy &proxy);
 CONSOLEWIDGETS_EXPORT int read(const TMemProxy &proxy);
 
@@ -80,12 +80,32 @@ CONSOLEWIDGETS_EXPORT int incomingValue(TMemProxy &proxy, const Q_UINT8 *data, i
 /// Stores an edit with undo, and says what the memory made of it. Without a memory it is `value`.
 CONSOLEWIDGETS_EXPORT int write(TMemProxy &proxy, int value);
 
+/// The same as an undo step of its own, whatever was done just before: a key was pressed.
+CONSOLEWIDGETS_EXPORT int writeAsOwnStep(TMemProxy &proxy, int value);
+
 /// One gesture's writes are one undo step.
 CONSOLEWIDGETS_EXPORT void beginGesture(TMemProxy &proxy);
 CONSOLEWIDGETS_EXPORT void endGesture(TMemProxy &proxy);
 
 /// The display text or picture of a value of a control with these bounds.
 CONSOLEWIDGETS_EXPORT Display display(const TMemProxy &proxy, int value, Range bounds);
+
+/// Emits the value signals of a control with these bounds; in between it may die.
+template <class Control>
+void announce(Control &control, int value, Range bounds)
+{
+    const QPointer<Control> alive(&control);
+    Q_EMIT control.memoryAPIValueChange(value);
+    if (!alive || !ready(control))
+        return;
+    const Display shown = display(control, value, bounds);
+    if (shown.pixmap.isNull())
+        Q_EMIT control.textualValueChange(shown.text);
+    else
+        Q_EMIT control.pixmapValueChange(shown.pixmap);
+    if (alive)
+        Q_EMIT control.altAddressMode(value == bounds.minimum);
+}
 
 /// An address as people say it: "01kInputEQ/kLowMidGain" is "Input EQ Low Mid Gain".
 CONSOLEWIDGETS_EXPORT QString addressInWords(const QString &namedAddress);

@@ -12,12 +12,16 @@ QString BoundAccessible::text(QAccessible::Text kind) const
 {
     if (kind == QAccessible::Name && widget()->accessibleName().isEmpty()) {
         const QString words = binding::addressInWords(m_proxy.namedAddress());
-        const int channel = m_proxy.element + m_proxy.elementOffset() + 1;
-        return m_proxy.isAttached() ? words + u' ' + QString::number(channel) : words;
+        return m_proxy.isAttached() ? words + u' ' + QString::number(channel() + 1) : words;
     }
     if (kind == QAccessible::Value && binding::ready(m_proxy) && m_proxy.isAttached())
         return binding::display(m_proxy, binding::read(m_proxy), binding::range(m_proxy)).text;
     return QAccessibleWidget::text(kind);
+}
+
+int BoundAccessible::channel() const
+{
+    return m_proxy.element + m_proxy.elementOffset();
 }
 
 BoundSliderAccessible::BoundSliderAccessible(QAbstractSlider *slider, TMemProxy &proxy,

@@ -18,6 +18,10 @@ public:
 
     QString text(QAccessible::Text kind) const override;
 
+protected:
+    /// The channel that the name ends with, counted from 0.
+    virtual int channel() const;
+
 private:
     TMemProxy &m_proxy;
 };

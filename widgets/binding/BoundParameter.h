@@ -3,9 +3,8 @@
 
 #include "interfaces/TMemProxy.h"
 
-/// The properties that every bound control publishes, with their setters as slots. Stands in the class
-/// right after Q_OBJECT; the meaning of each is told at TMemProxy.
-#define BOUND_PROPERTIES                                                                           \
+/// BOUND_PROPERTIES without setDisableAutoHide(), for controls that keep that option elsewhere.
+#define BOUND_BASE_PROPERTIES                                                                      \
     Q_PROPERTY(QString namedAddress READ namedAddress WRITE setNamedAddress)                       \
     Q_PROPERTY(int tableId READ tableId WRITE setTableId)                                          \
     Q_PROPERTY(int numDefaultKind READ numDefaultKind WRITE setNumDefaultKind)                     \
@@ -28,6 +27,14 @@ public:                                                                         
     {                                                                                              \
         TMemProxy::setUndoEnable(enable);                                                          \
     }                                                                                              \
+                                                                                                   \
+private:
+
+/// The properties that every bound control publishes, with their setters as slots. Stands in the class
+/// right after Q_OBJECT; the meaning of each is told at TMemProxy.
+#define BOUND_PROPERTIES                                                                           \
+    BOUND_BASE_PROPERTIES                                                                          \
+public:                                                                                            \
     Q_SLOT void setDisableAutoHide(bool disable) override                                          \
     {                                                                                              \
         TMemProxy::setDisableAutoHide(disable);                                                    \
