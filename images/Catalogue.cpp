@@ -60,6 +60,7 @@ std::vector<NamedStrip> strips()
         {"knob-small-grey", {{unipolar(smallKnob, accent::grey)}}},
         {"knob-small-amber", {{unipolar(smallKnob, accent::amber)}}},
         {"knob-small-blue", {{unipolar(smallKnob, accent::blue)}}},
+        {"knob-small-red", {{unipolar(smallKnob, accent::red)}}},
         {"knob-small-pan", {{bipolar(smallKnob, accent::teal)}}},
         {"knob-att", {{attenuator()}, 31}},
         {"knob-stepper", {{stepper()}, 24}},

@@ -37,6 +37,10 @@ public:
     /// Bits of connectionState(). The console counts as online when both are set.
     enum ConnectionBit { LinkUp = 1 << 0, InSync = 1 << 1, Online = LinkUp | InSync };
 
+    /// A widget with this dynamic property (an int) gives that element to every proxy inside it that a
+    /// binder meets, instead of the one that the binder was given.
+    static constexpr char ElementProperty[] = "channelElement";
+
     /// Which way and how far stepValue() goes.
     enum Step { LineUp, LineDown, PageUp, PageDown };
 

@@ -2,7 +2,6 @@
 #include "companions/memory/Binder.h"
 
 #include "companions/memory/ChangeDelivery.h"
-#include "companions/memory/ParameterMemory.h"
 #include "interfaces/TMemProxy.h"
 
 #include <QPointer>
@@ -20,7 +19,7 @@ struct Place
 /// Parents before children, siblings in the order in which they were made.
 void collectPreOrder(QObject *object, int element, QList<Place> &all)
 {
-    const QVariant own = object->property(ParameterMemory::ElementProperty);
+    const QVariant own = object->property(IMemAPI::ElementProperty);
     if (own.isValid())
         element = own.toInt();
     all.append({object, element});

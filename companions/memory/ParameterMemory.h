@@ -34,9 +34,6 @@ public:
     bool load(const QString &fileName, QString *error = nullptr);
     const ConsoleModel &model() const;
 
-    /// A widget with this dynamic property (an int) gives that element to every proxy inside it.
-    static constexpr char ElementProperty[] = "channelElement";
-
     /// Binds every proxy among `root` and its descendants, parents before children, siblings in the
     /// order of the form. Addresses without a unit take `element`, or that of the nearest
     /// ElementProperty around them; `elementOffset` becomes the proxies' offset. A name that does not

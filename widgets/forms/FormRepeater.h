@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "interfaces/IMemAPI.h"
 #include "widgets/Export.h"
 
 #include <QWidget>
@@ -31,7 +32,7 @@ class CONSOLEWIDGETS_EXPORT FormRepeater : public QWidget
 
 public:
     /// The property by which everything inside a widget is bound to one element.
-    static constexpr char ElementProperty[] = "channelElement";
+    static constexpr const char *ElementProperty = IMemAPI::ElementProperty;
     static constexpr int PanelSize = 8;
     static constexpr int HighestChannel = 2048;
 
