@@ -219,11 +219,13 @@ void RecordingMemory::setMeterWatch(bool on, TMemProxyBasic *, int group, int in
     note(line("setMeterWatch", int(on), group, index, element));
 }
 
-const quint16 *RecordingMemory::meterTableById(int, int *count, int) const
+const quint16 *RecordingMemory::meterTableById(int tableId, int *count, int) const
 {
+    const auto table = meterTables.find(tableId);
+    const bool found = table != meterTables.end();
     if (count)
-        *count = 0;
-    return nullptr;
+        *count = found ? int(table->second.size()) : 0;
+    return found ? table->second.data() : nullptr;
 }
 
 void RecordingMemory::requestTimecode(int count, TMemProxyBasic *)

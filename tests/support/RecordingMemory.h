@@ -3,11 +3,13 @@
 
 #include "interfaces/TMemProxy.h"
 
+#include <QHash>
 #include <QObject>
 #include <QStringList>
 
 #include <atomic>
 #include <map>
+#include <vector>
 
 /// A memory of a few parameters that notes every call that controls make, in order, as text:
 /// "writeValue 3 7 2 = 40 token 9". Delivers nothing by itself.
@@ -46,6 +48,9 @@ public:
     int steppedValue = 0;
     QPixmap pictureOfValue;
     std::atomic<int> observerEvents = 0;
+    int connection = 0;
+    QHash<int, QVariant> preferenceValues;
+    std::map<int, std::vector<quint16>> meterTables;
 
     bool isReady() const override { return readyNow; }
     void attachProxy(TMemProxyBasic *proxy, quint32 packedAddress, int reserved) override;
@@ -79,8 +84,8 @@ public:
                        int element) override;
     const quint16 *meterTableById(int tableId, int *count, int reserved) const override;
     void requestTimecode(int count, TMemProxyBasic *proxy) override;
-    int connectionState() const override { return 0; }
-    IPreferences *preferences() override { return nullptr; }
+    int connectionState() const override { return connection; }
+    IPreferences *preferences() override { return &m_preferences; }
     void alert(int group, int index, int element) override;
     CSimpleNotifier *createNotifier(QObject *, const QString &, int, const char *,
                                     CSimpleNotifier *, void *) override;
@@ -93,10 +98,18 @@ public:
     }
 
 private:
+    struct Preferences : IPreferences
+    {
+        explicit Preferences(const QHash<int, QVariant> &all) : values(all) {}
+        QVariant preference(int number) const override { return values.value(number); }
+        const QHash<int, QVariant> &values;
+    };
+
     const Parameter &look(int group, int index, int element) const;
     void note(const QString &call) const;
 
     std::map<quint32, Parameter> m_parameters;
+    Preferences m_preferences{preferenceValues};
     QList<TMemProxy *> m_bound;
     mutable QStringList m_calls;
 };

@@ -19,8 +19,29 @@ struct Exception
     const char *rule;
 };
 
-/// Rules: "signals", "refreshesAtAttach".
-const QList<Exception> exceptions{};
+/// Rules: "signals", "refreshesAtAttach", "attaches" (it gets readings instead), "asksUnasked" (it
+/// asks for the main thread only when there is something new), "tabOrder", "name".
+const QList<Exception> exceptions{
+    {"CMeter", "signals"},
+    {"CMeter", "refreshesAtAttach"},
+    {"CMeter", "attaches"},
+    {"CMeter", "asksUnasked"},
+    {"CMeter", "tabOrder"},
+    {"CPixmapMeter", "signals"},
+    {"CPixmapMeter", "refreshesAtAttach"},
+    {"CPixmapMeter", "attaches"},
+    {"CPixmapMeter", "asksUnasked"},
+    {"CPixmapMeter", "tabOrder"},
+    {"CThresholdMeter", "signals"},
+    {"CThresholdMeter", "refreshesAtAttach"},
+    {"CThresholdMeter", "attaches"},
+    {"CThresholdMeter", "tabOrder"},
+    {"CTimeDisplay", "signals"},
+    {"CTimeDisplay", "refreshesAtAttach"},
+    {"CTimeDisplay", "attaches"},
+    {"CTimeDisplay", "tabOrder"},
+    {"CTimeDisplay", "name"},
+};
 
 bool excepted(const QString &className, const char *rule)
 {
@@ -129,7 +150,7 @@ void tst_BoundContract::attachesOnceAndWritesNothing()
     bound.memory.bind(*bound.proxy, 3, 7, 2);
     const QString attach = QStringLiteral("attachProxy %1 0").arg(packedAddress(3, 7, 2));
     const QStringList calls = bound.memory.take({"attachProxy", "readValue", "writeValue"});
-    QCOMPARE(calls.count(attach), 1);
+    QCOMPARE(calls.count(attach), excepted(className, "attaches") ? 0 : 1);
     QCOMPARE(calls.filter(QStringLiteral("writeValue")), QStringList());
     if (!excepted(className, "refreshesAtAttach"))
         QVERIFY(calls.contains(QStringLiteral("readValue 3 7 2")));
@@ -146,7 +167,7 @@ void tst_BoundContract::otherThreadsTouchNothing()
     bound.memory.take();
     std::thread([&] { bound.proxy->process(nullptr, 0, 1); }).join();
     QCOMPARE(bound.memory.take(), QStringList());
-    QCOMPARE(bound.memory.observerEvents.load(), 1);
+    QCOMPARE(bound.memory.observerEvents.load(), excepted(className, "asksUnasked") ? 0 : 1);
 }
 
 void tst_BoundContract::leavesTheMemoryWhole()
@@ -157,6 +178,10 @@ void tst_BoundContract::leavesTheMemoryWhole()
     bound.memory.take();
     bound.widget.reset();
     const QStringList calls = bound.memory.take({"detachProxy", "releaseProxy"});
+    if (excepted(className, "attaches")) {
+        QCOMPARE(calls.last(), QStringLiteral("releaseProxy"));
+        return;
+    }
     QCOMPARE(calls, QStringList({QStringLiteral("detachProxy %1").arg(packedAddress(3, 7, 2)),
                                  QStringLiteral("releaseProxy")}));
 }
@@ -167,10 +192,11 @@ void tst_BoundContract::canBeReachedAndSpeaks()
     Bound bound(className);
     bound.widget->setProperty("namedAddress", QStringLiteral("kInputHA/kGain"));
     bound.memory.bind(*bound.proxy, 3, 7, 2);
-    QVERIFY(bound.widget->focusPolicy() & Qt::TabFocus);
+    QCOMPARE(bool(bound.widget->focusPolicy() & Qt::TabFocus), !excepted(className, "tabOrder"));
     const QAccessibleInterface *speaker = QAccessible::queryAccessibleInterface(bound.widget.get());
     QVERIFY(speaker);
-    QCOMPARE(speaker->text(QAccessible::Name), QStringLiteral("Input HA Gain 3"));
+    if (!excepted(className, "name"))
+        QCOMPARE(speaker->text(QAccessible::Name), QStringLiteral("Input HA Gain 3"));
     QVERIFY(!speaker->text(QAccessible::Value).isEmpty());
 }
 

@@ -16,6 +16,8 @@ QSize pixelSize(const QWidget &widget)
 
 const QPixmap &ErasePixmap::pixmap(const QWidget &widget, const QString &key, const Paint &paint)
 {
+    if (m_adopted)
+        return m_pixmap;
     if (m_stale || m_pixmap.size() != pixelSize(widget)) {
         m_pixmap = key.isEmpty() ? render(widget, paint) : shared(widget, key, paint);
         m_stale = false;

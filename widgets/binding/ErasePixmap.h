@@ -19,7 +19,17 @@ public:
     using Paint = std::function<void(QPainter &)>;
 
     /// The picture has changed.
-    void invalidate() { m_stale = true; }
+    void invalidate()
+    {
+        m_stale = true;
+        m_adopted = false;
+    }
+    /// The picture is `pixmap`, whatever its size, until it changes.
+    void adopt(const QPixmap &pixmap)
+    {
+        m_pixmap = pixmap;
+        m_adopted = true;
+    }
 
     /// The picture, rendered if it is stale. With a `key` it is taken from Qt's pixmap cache, or
     /// rendered and put there.
@@ -34,4 +44,5 @@ public:
 private:
     QPixmap m_pixmap;
     bool m_stale = true;
+    bool m_adopted = false;
 };

@@ -3,6 +3,10 @@
 
 #include "widgets/controls/CDial.h"
 #include "widgets/forms/FormRepeater.h"
+#include "widgets/meters/CMeter.h"
+#include "widgets/meters/CPixmapMeter.h"
+#include "widgets/meters/CThresholdMeter.h"
+#include "widgets/meters/CTimeDisplay.h"
 
 #include <algorithm>
 
@@ -17,6 +21,10 @@ constexpr WidgetRegistry::Entry entry(const char *group, const char *toolTip)
 
 const WidgetRegistry::Entry all[] = {
     entry<CDial>("Continuous controls", "A rotary knob for one parameter"),
+    entry<CMeter>("Meters and readouts", "A bar meter for a level or a gain reduction"),
+    entry<CPixmapMeter>("Meters and readouts", "A meter of pictures: a lamp that lights in steps"),
+    entry<CThresholdMeter>("Meters and readouts", "A lamp for a channel that passes a threshold"),
+    entry<CTimeDisplay>("Meters and readouts", "The console's time code"),
     entry<FormRepeater>("Containers", "One form, placed once per channel"),
 };
 

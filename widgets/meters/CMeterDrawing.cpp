@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+// What the meter shows and when it is painted.
+#include "interfaces/utilities/NS_Utilities.h"
+#include "widgets/meters/CMeterPrivate.h"
+#include "widgets/meters/MeterWatch.h"
+
+#include <QEvent>
+#include <QPainter>
+
+namespace {
+
+/// Whether the picture's pixels become the device's, one for one.
+bool isPixelForPixel(const QPixmap &picture, const QTransform &toDevice)
+{
+    const qreal ratio = picture.devicePixelRatio();
+    return toDevice.type() <= QTransform::TxScale && toDevice.m11() == ratio
+           && toDevice.m22() == ratio && ratio == qFloor(ratio);
+}
+
+void blit(QPainter &painter, const QPixmap &picture, const QRect &part)
+{
+    const qreal ratio = picture.devicePixelRatio();
+    if (ratio == 1)
+        painter.drawPixmap(part.topLeft(), picture, part);
+    else
+        painter.drawPixmap(QRectF(part), picture,
+                           QRectF(part.topLeft() * ratio, QSizeF(part.size()) * ratio));
+}
+
+void drawWhole(QPainter &painter, const QPixmap &picture)
+{
+    NS_Utilities::drawPartialPixmap(painter, {0, 0}, picture, {1, 1}, false);
+}
+
+} // namespace
+
+void CMeter::repaintScreenPrimitive(QPainter &painter)
+{
+    if (d->lit.isNull() || value() < 0)
+        return;
+    const MeterBands bands = d->bands(*this);
+    const QTransform &toDevice = painter.deviceTransform();
+    const bool pixelForPixel = d->hidesAll && isPixelForPixel(d->lit, toDevice)
+                               && (d->unlit.isNull() || isPixelForPixel(d->unlit, toDevice));
+    if (!pixelForPixel) {
+        drawLayers(painter, bands);
+        return;
+    }
+    for (const MeterPicture::Blit &each : d->picture.blits(size(), bands)) {
+        if (each.lit || !d->unlit.isNull())
+            blit(painter, each.lit ? d->lit : d->unlit, each.part);
+        else
+            painter.fillRect(each.part, palette().brush(backgroundRole()));
+    }
+}
+
+/// Pictures that let something through, or that are scaled: the unlit one whole, then what is lit.
+void CMeter::drawLayers(QPainter &painter, const MeterBands &bands)
+{
+    if (d->unlit.isNull())
+        painter.fillRect(rect(), palette().brush(backgroundRole()));
+    else
+        drawWhole(painter, d->unlit);
+    for (const MeterBands::Stretch &lit : {bands.bar, bands.mark}) {
+        if (lit.isEmpty())
+            continue;
+        painter.save();
+        painter.setClipRect(d->picture.part(size(), lit), Qt::IntersectClip);
+        drawWhole(painter, d->lit);
+        painter.restore();
+    }
+}
+
+void CMeter::updateErasePixmap(QPixmap *pixmap)
+{
+    if (pixmap)
+        d->erase.adopt(*pixmap);
+    else
+        d->erase.invalidate();
+}
+
+QPixmap CMeter::erasePixmap()
+{
+    return d->erase.pixmap(*this, {},
+                           [this](QPainter &painter) { repaintScreenPrimitive(painter); });
+}
+
+/// The one place where a reading's picture asks for a paint.
+void CMeter::pictureChanged()
+{
+    const MeterBands bands = d->bands(*this);
+    if (!d->pictureStale && bands == d->shownBands)
+        return;
+    d->pictureStale = false;
+    d->shownBands = bands;
+    updateErasePixmap(nullptr);
+    update();
+}
+
+void CMeter::refreshPicture()
+{
+    d->pictureStale = true;
+    setOpacity();
+    pictureChanged();
+}
+
+void CMeter::setOpacity()
+{
+    const auto hides = [this](const QPixmap &picture) {
+        return metering::hides(picture, picture.deviceIndependentSize(), *this);
+    };
+    const bool hidesUnlit = d->unlit.isNull() || hides(d->unlit);
+    d->hidesAll = hidesUnlit && hides(d->lit);
+    setAttribute(Qt::WA_OpaquePaintEvent, hidesUnlit && !d->lit.isNull());
+}
+
+void CMeter::polish()
+{
+    setOpacity();
+    updateErasePixmap(nullptr);
+}
+
+bool CMeter::event(QEvent *event)
+{
+    const bool handled = QWidget::event(event);
+    switch (event->type()) {
+    case QEvent::Polish: polish(); break;
+    case QEvent::StyleChange:
+    case QEvent::ParentChange:
+    case QEvent::PaletteChange: refreshPicture(); break;
+    default: break;
+    }
+    return handled;
+}
+
+void CMeter::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    repaintScreenPrimitive(painter);
+}
+
+void CMeter::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    setOpacity();
+}
