@@ -9,20 +9,20 @@
 void ImageStrip::setPicture(const QPixmap &picture)
 {
     m_picture = picture;
-    m_greyRow = -1;
+    gridChanged();
 }
 
 void ImageStrip::setRows(int rows)
 {
     m_rows = rows;
-    m_greyRow = -1;
+    gridChanged();
 }
 
 void ImageStrip::setCategories(int categories)
 {
     // Deliberate: three bits, so 9 is 1 and 8 is none.
     m_categories = static_cast<unsigned>(categories) & 7U;
-    m_greyRow = -1;
+    gridChanged();
 }
 
 bool ImageStrip::setCurrentCategory(int category)
@@ -33,17 +33,9 @@ bool ImageStrip::setCurrentCategory(int category)
     return true;
 }
 
-QSizeF ImageStrip::cellSize() const
-{
-    return QSizeF(cell(0, 0).size()) / m_picture.devicePixelRatio();
-}
-
 bool ImageStrip::covers(const QSize &size) const
 {
-    if (m_picture.isNull() || m_picture.hasAlphaChannel())
-        return false;
-    const QSizeF own = cellSize();
-    return own.width() >= size.width() && own.height() >= size.height();
+    return m_opaque && m_cellSize.width() >= size.width() && m_cellSize.height() >= size.height();
 }
 
 bool ImageStrip::outlineContains(int row, bool enabled, const QPoint &point) const
@@ -88,6 +80,14 @@ void ImageStrip::warnIfUneven(const QObject &owner) const
         << owner.metaObject()->className() << " \"" << owner.objectName() << "\": a picture of "
         << m_picture.width() << " x " << m_picture.height() << " pixels does not divide into "
         << categories() << " columns and " << m_rows << " rows; the rest is cut off.";
+}
+
+/// Every paint asks for these; the picture changes hardly ever.
+void ImageStrip::gridChanged()
+{
+    m_greyRow = -1;
+    m_cellSize = QSizeF(cell(0, 0).size()) / m_picture.devicePixelRatio();
+    m_opaque = !m_picture.isNull() && !m_picture.hasAlphaChannel();
 }
 
 QRect ImageStrip::cell(int category, int row) const

@@ -40,7 +40,7 @@ public:
     int valueRows() const { return m_rows - (m_disabledRow >= 0 ? 1 : 0); }
 
     /// The size of one cell; empty without a picture or cells.
-    QSizeF cellSize() const;
+    QSizeF cellSize() const { return m_cellSize; }
 
     /// Whether one cell covers a widget of that size without letting anything shine through.
     bool covers(const QSize &size) const;
@@ -57,15 +57,18 @@ public:
     void warnIfUneven(const QObject &owner) const;
 
 private:
+    void gridChanged();
     QRect cell(int category, int row) const;
     QPoint shownCell(int row, bool enabled) const;
     void drawGrey(QPainter &painter, int row) const;
 
     QPixmap m_picture;
+    QSizeF m_cellSize{0, 0};
     int m_rows = 1;
     int m_disabledRow = -1;
     int m_currentCategory = -1;
     unsigned m_categories : 3 = 1;
+    bool m_opaque = false;
     mutable int m_greyRow = -1;
     mutable QPixmap m_grey;
 };

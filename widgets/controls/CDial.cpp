@@ -250,6 +250,9 @@ QSize CDial::minimumSizeHint() const
     return d->strip.cellSize().isEmpty() ? QDial::minimumSizeHint() : sizeHint();
 }
 
+/// The strip needs no pen and no font, and fetching them is a tenth of a frame.
+void CDial::initPainter(QPainter *) const {}
+
 void CDial::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
@@ -303,7 +306,7 @@ void CDial::process(const Q_UINT8 *bytes, int operation, Q_UINT32 extra)
         return;
     setWidgetShowState(this);
     const binding::Range bounds = binding::range(*this);
-    {
+    if (bounds.minimum != minimum() || bounds.maximum != maximum()) {
         const binding::SilentScope silent(*this);
         setRange(bounds.minimum, bounds.maximum);
     }

@@ -146,6 +146,8 @@ protected:
     bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void sliderChange(SliderChange change) override;
+    /// A painter opened on the dial starts as one on a picture: the palette and the font stay out of it.
+    void initPainter(QPainter *painter) const override;
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;

@@ -25,6 +25,7 @@ constexpr int AttenuatorZeroRow = 24;
 constexpr int AttenuatorLastRow = 30;
 constexpr int AttenuatorUpperRows = 6;
 
+/// The integer part, as far as an int goes.
 int held(double value)
 {
     constexpr double low = std::numeric_limits<int>::min();
@@ -102,7 +103,7 @@ int DialGeometry::row(int value, int minimum, int maximum, const Strip &strip)
     const int count = strip.rows - (strip.disabledRow >= 0 ? 1 : 0);
     const float perRow = static_cast<float>(span(minimum, maximum)) / static_cast<float>(count);
     const float raw = perRow > 0 ? static_cast<float>(span(minimum, value)) / perRow : 0;
-    int index = std::max(0, std::min(held(std::trunc(raw)), count - 1));
+    int index = std::max(0, std::min(held(raw), count - 1));
     if (strip.disabledRow == 0)
         ++index;
     return strip.inverted ? strip.rows - index - 1 : index;
