@@ -4,7 +4,9 @@
 #include "images/IconPainter.h"
 #include "images/KnobGeometry.h"
 #include "images/KnobStrip.h"
+#include "images/MeterPainter.h"
 #include "images/PanelPainter.h"
+#include "widgets/meters/MeterScale.h"
 
 #include <QPainter>
 
@@ -69,6 +71,25 @@ std::vector<NamedStrip> strips()
     };
 }
 
+struct NamedBar
+{
+    const char *name;
+    MeterBar bar;
+};
+
+// Bars as high as their scale is long look best; where there is no room for that, it is scaled.
+const NamedBar bars[] = {
+    {"meter-level", {MeterScale::normal, {8, 136}}},
+    {"meter-bridge", {MeterScale::normal, {12, 204}}},
+    {"meter-strip", {MeterScale::selectedChannel, {6, 56}}},
+    {"meter-channel", {MeterScale::selectedChannel, {10, 103}}},
+    {"meter-comp-out", {MeterScale::compressorOut, {10, 82}}},
+    {"meter-gr", {MeterScale::reductionSelectedChannel, {10, 69}, MeterBar::Family::Reduction}},
+    {"meter-bridge-gr", {MeterScale::reduction, {6, 204}, MeterBar::Family::Reduction}},
+    {"meter-strip-gr",
+     {MeterScale::reductionSelectedChannel, {6, 56}, MeterBar::Family::Reduction}},
+};
+
 struct NamedPicture
 {
     const char *name;
@@ -100,6 +121,22 @@ std::vector<Artwork> catalogue()
         all.push_back({named.name, sizeOf(named.strip),
                        [strip = named.strip](QPainter &painter) { paintStrip(painter, strip); }});
     }
+    for (const NamedBar &named : bars) {
+        for (const bool lit : {true, false}) {
+            MeterBar bar = named.bar;
+            bar.lit = lit;
+            all.push_back({QLatin1String(named.name) + QLatin1String(lit ? "" : "-unlit"), bar.size,
+                           [bar](QPainter &painter) { paintMeterBar(painter, bar); }});
+        }
+    }
+    for (const auto &[name, letter] : {std::pair{"lamp-gate", LampStrip::Letter::Gate},
+                                       std::pair{"lamp-comp", LampStrip::Letter::Compressor}}) {
+        const LampStrip lamp{letter};
+        all.push_back(
+            {name, sizeOf(lamp), [lamp](QPainter &painter) { paintLampStrip(painter, lamp); }});
+    }
+    all.push_back({"lamp-signal", sizeOf(SignalLamp()),
+                   [](QPainter &painter) { paintSignalLamp(painter, {}); }});
     for (const NamedPicture &picture : pictures) {
         all.push_back({picture.name, picture.size,
                        [&picture](QPainter &painter) { picture.paint(painter, picture.size); }});
