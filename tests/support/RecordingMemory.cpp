@@ -200,10 +200,10 @@ void RecordingMemory::commitUndoRecord(std::unique_ptr<IUndoRecord>)
     note(line("commitUndoRecord"));
 }
 
-QObject *RecordingMemory::blinkClock(bool *lit, int)
+QObject *RecordingMemory::blinkClock(bool *present, int)
 {
-    if (lit)
-        *lit = false;
+    if (present)
+        *present = lit;
     return this;
 }
 

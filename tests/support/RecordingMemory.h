@@ -9,6 +9,7 @@
 
 #include <atomic>
 #include <map>
+#include <optional>
 #include <vector>
 
 /// A memory of a few parameters that notes every call that controls make, in order, as text:
@@ -48,6 +49,9 @@ public:
     int steppedValue = 0;
     QPixmap pictureOfValue;
     std::atomic<int> observerEvents = 0;
+    bool lit = false; ///< the phase of the blink clock
+    /// The phantom-power parameter of every channel, while it is patched to one.
+    std::optional<TSingleBaseAddress> phantom;
     int connection = 0;
     QHash<int, QVariant> preferenceValues;
     std::map<int, std::vector<quint16>> meterTables;
@@ -92,10 +96,16 @@ public:
     CSimpleNotifier *createNotifier(QObject *, const TSingleAddress *, int, const char *,
                                     CSimpleNotifier *, void *) override;
     int resolveXtraInfo(TXtraInfo &) const override { return Failed; }
-    bool resolvePhantomAddress(const TMemProxy *, int, int, TSingleBaseAddress &) const override
+    bool resolvePhantomAddress(const TMemProxy *, int, int,
+                               TSingleBaseAddress &address) const override
     {
-        return false;
+        address = phantom.value_or(address);
+        return phantom.has_value();
     }
+
+Q_SIGNALS:
+    /// One step of the blink clock, which this memory is itself.
+    void timeout();
 
 private:
     struct Preferences : IPreferences

@@ -22,6 +22,14 @@ struct Exception
 /// Rules: "signals", "refreshesAtAttach", "attaches" (it gets readings instead), "asksUnasked" (it
 /// asks for the main thread only when there is something new), "tabOrder", "name".
 const QList<Exception> exceptions{
+    {"COnOffButton", "refreshesAtAttach"},
+    // These stand at addresses of their own: the selection's first element, a head amp's port.
+    {"CSelectButton", "refreshesAtAttach"},
+    {"CSelectButton", "attaches"},
+    {"C48V", "refreshesAtAttach"},
+    {"C48V", "attaches"},
+    {"C48VDial", "refreshesAtAttach"},
+    {"C48VDial", "attaches"},
     {"CMeter", "signals"},
     {"CMeter", "refreshesAtAttach"},
     {"CMeter", "attaches"},

@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/forms/WidgetRegistry.h"
 
+#include "widgets/buttons/C48V.h"
+#include "widgets/buttons/COnOffButton.h"
+#include "widgets/buttons/CSelectButton.h"
+#include "widgets/controls/C48VDial.h"
 #include "widgets/controls/CDial.h"
+#include "widgets/controls/CHADial.h"
 #include "widgets/forms/FormRepeater.h"
 #include "widgets/meters/CMeter.h"
 #include "widgets/meters/CPixmapMeter.h"
@@ -21,6 +26,11 @@ constexpr WidgetRegistry::Entry entry(const char *group, const char *toolTip)
 
 const WidgetRegistry::Entry all[] = {
     entry<CDial>("Continuous controls", "A rotary knob for one parameter"),
+    entry<CHADial>("Continuous controls", "The gain of an input's head amp, shown while there is one"),
+    entry<C48VDial>("Continuous controls", "Phantom power of an input as a knob"),
+    entry<COnOffButton>("Keys and menus", "A key that switches one parameter on and off"),
+    entry<CSelectButton>("Keys and menus", "A channel's select key"),
+    entry<C48V>("Keys and menus", "Phantom power of an input, following its patch"),
     entry<CMeter>("Meters and readouts", "A bar meter for a level or a gain reduction"),
     entry<CPixmapMeter>("Meters and readouts", "A meter of pictures: a lamp that lights in steps"),
     entry<CThresholdMeter>("Meters and readouts", "A lamp for a channel that passes a threshold"),
