@@ -39,6 +39,12 @@ void ChangeDelivery::postAll()
     schedule();
 }
 
+void ChangeDelivery::list(ValueCell &cell)
+{
+    if (m_changedCells.push(cell))
+        schedule();
+}
+
 void ChangeDelivery::schedule()
 {
     auto event = std::make_unique<QEvent>(deliveryEvent());
@@ -159,8 +165,8 @@ void ChangeDelivery::collectCells()
         ValueCell &cell = *next;
         next = cell.next; // once the count is back, a writer may link the cell anew
         const Observers &observers = m_observers[m_store->numberOf(cell)];
-        const quint64 kept = observers.isEmpty() ? ~quint64(ValueCell::Observed)
-                                                 : quint64(ValueCell::Observed);
+        const quint64 kept =
+            observers.isEmpty() ? ~quint64(ValueCell::Observed) : quint64(ValueCell::Observed);
         cell.state.fetch_and(kept, std::memory_order_acq_rel);
         for (ProxyRecord *record : observers)
             enqueue(*record);

@@ -39,10 +39,10 @@ public:
     /// A value was stored in the cell. Any thread.
     void changed(ValueCell &cell)
     {
-        const quint64 before = cell.state.fetch_add(ValueCell::OneChange,
-                                                    std::memory_order_acq_rel);
-        if (before == ValueCell::Observed && m_changedCells.push(cell))
-            schedule();
+        const quint64 before =
+            cell.state.fetch_add(ValueCell::OneChange, std::memory_order_acq_rel);
+        if (before == ValueCell::Observed)
+            list(cell);
     }
     /// Asks for one process() of the record's proxy. Any thread.
     void post(ProxyRecord &record)
@@ -70,6 +70,7 @@ protected:
     bool event(QEvent *event) override;
 
 private:
+    void list(ValueCell &cell);
     void schedule();
     void deliver();
     void collectCells();

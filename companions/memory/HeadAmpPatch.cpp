@@ -55,8 +55,9 @@ int HeadAmpPatch::read(const Address &address, int element) const
     return cell ? cell->value.load(std::memory_order_acquire) : 0;
 }
 
-std::optional<IMemAPI::TSingleBaseAddress>
-HeadAmpPatch::phantomAddress(int channel, int baseElement, int baseIndex) const
+std::optional<IMemAPI::TSingleBaseAddress> HeadAmpPatch::phantomAddress(int channel,
+                                                                        int baseElement,
+                                                                        int baseIndex) const
 {
     if (!m_patch || !m_units || (m_host && read(*m_host, 0) != OwnHost))
         return {};
@@ -67,8 +68,8 @@ HeadAmpPatch::phantomAddress(int channel, int baseElement, int baseIndex) const
         if (first <= 0 || port < 0 || port >= m_portsPerUnit)
             continue;
         Address address = *m_phantom;
-        address.element = static_cast<qint16>(std::max(baseElement, 0) + unit * m_portsPerUnit
-                                              + port);
+        address.element =
+            static_cast<qint16>(std::max(baseElement, 0) + unit * m_portsPerUnit + port);
         if (baseIndex >= 0)
             address.index = static_cast<qint16>(baseIndex);
         if (m_store.cell(address.group, address.index, address.element))

@@ -67,7 +67,10 @@ int JsonCursor::integer(int least, int most) const
     if (!m_value.isDouble() || number != std::floor(number))
         fail(QStringLiteral("a whole number is needed"));
     if (number < least || number > most)
-        fail(QStringLiteral("%1 is not within %2 and %3").arg(number, 0, 'f', 0).arg(least).arg(most));
+        fail(QStringLiteral("%1 is not within %2 and %3")
+                 .arg(number, 0, 'f', 0)
+                 .arg(least)
+                 .arg(most));
     return static_cast<int>(number);
 }
 

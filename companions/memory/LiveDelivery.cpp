@@ -78,7 +78,7 @@ void LiveDelivery::noteTimecodeEnd()
 bool LiveDelivery::timecodeWanted() const
 {
     return Clock::now().time_since_epoch().count()
-        < m_timecodeUntil.load(std::memory_order_relaxed);
+           < m_timecodeUntil.load(std::memory_order_relaxed);
 }
 
 LiveDelivery::Watchers LiveDelivery::Tables::timecodeReceivers() const

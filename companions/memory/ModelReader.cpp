@@ -42,7 +42,8 @@ QString addressName(const JsonCursor &at)
     const QString name = at.text();
     if (!valid.match(name).hasMatch())
         at.fail(QStringLiteral("\"%1\" is no name: a lower-case letter, then letters, digits and "
-                               "underscores").arg(name));
+                               "underscores")
+                    .arg(name));
     return name;
 }
 
@@ -59,8 +60,8 @@ TextTable::Kind listFrom(const JsonCursor &at)
 
 TextTable::Kind linearFrom(const JsonCursor &at)
 {
-    at.expectKeys({"id"_L1, "kind"_L1, "first"_L1, "scale"_L1, "decimals"_L1, "unit"_L1,
-                   "minus"_L1, "plus"_L1, "zero"_L1, "lowest"_L1});
+    at.expectKeys({"id"_L1, "kind"_L1, "first"_L1, "scale"_L1, "decimals"_L1, "unit"_L1, "minus"_L1,
+                   "plus"_L1, "zero"_L1, "lowest"_L1});
     TextTable::Linear table;
     table.first = at["first"_L1].number();
     table.scale = at["scale"_L1].number();
@@ -77,8 +78,8 @@ TextTable::Kind linearFrom(const JsonCursor &at)
 
 TextTable::Kind logarithmicFrom(const JsonCursor &at)
 {
-    at.expectKeys({"id"_L1, "kind"_L1, "first"_L1, "last"_L1, "steps"_L1, "unit"_L1,
-                   "kiloUnit"_L1});
+    at.expectKeys(
+        {"id"_L1, "kind"_L1, "first"_L1, "last"_L1, "steps"_L1, "unit"_L1, "kiloUnit"_L1});
     TextTable::Logarithmic table;
     table.first = at["first"_L1].number();
     if (table.first <= 0)
@@ -101,8 +102,8 @@ TextTable::Kind tableKind(const JsonCursor &at)
         return linearFrom(at);
     if (kind == "logarithmic"_L1)
         return logarithmicFrom(at);
-    at["kind"_L1].fail(QStringLiteral("\"%1\" is no kind of table: list, linear or logarithmic")
-                           .arg(kind));
+    at["kind"_L1].fail(
+        QStringLiteral("\"%1\" is no kind of table: list, linear or logarithmic").arg(kind));
 }
 
 } // namespace
@@ -147,9 +148,8 @@ void ModelReader::readMeterTable(const JsonCursor &at)
     for (const JsonCursor &item : at["codes"_L1].items()) {
         const auto code = static_cast<quint16>(item.integer(0, MostMeterCode));
         if (!codes.empty() && code <= codes.back())
-            item.fail(QStringLiteral("codes must ascend, but %1 follows %2")
-                          .arg(code)
-                          .arg(codes.back()));
+            item.fail(
+                QStringLiteral("codes must ascend, but %1 follows %2").arg(code).arg(codes.back()));
         codes.push_back(code);
     }
     if (codes.empty())
@@ -194,8 +194,8 @@ void ModelReader::readParameter(const JsonCursor &at, int blockElements)
     parameter.name = addressName(at["name"_L1]);
     parameter.index = at["index"_L1].integer(0, ConsoleModel::IndexCount - 1);
     const auto elements = at.find("elements"_L1);
-    parameter.elements = elements ? elements->integer(1, ConsoleModel::ElementCount)
-                                  : blockElements;
+    parameter.elements =
+        elements ? elements->integer(1, ConsoleModel::ElementCount) : blockElements;
     parameter.minimum = at["min"_L1].integer();
     parameter.maximum = at["max"_L1].integer();
     if (parameter.maximum < parameter.minimum)
@@ -222,7 +222,7 @@ void ModelReader::readDefaults(const JsonCursor &at, ConsoleModel::Parameter &pa
         return;
     parameter.defaultStep = step->integer();
     const qint64 last = parameter.defaultValue
-        + static_cast<qint64>(parameter.elements - 1) * parameter.defaultStep;
+                        + static_cast<qint64>(parameter.elements - 1) * parameter.defaultStep;
     if (last < minimum || last > maximum)
         step->fail(QStringLiteral("the last element's default, %1, is not within %2 and %3")
                        .arg(last)

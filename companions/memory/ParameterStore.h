@@ -47,11 +47,11 @@ public:
 
     const Entry &entry(int group, int index) const
     {
+        static constexpr Entry none;
         if (static_cast<quint32>(group) >= m_groups.size())
-            return m_entries.front();
+            return none;
         const Group &found = m_groups[group];
-        const bool known = static_cast<quint32>(index) < found.indexes;
-        return m_entries[known ? found.entryOfIndex[index] : 0];
+        return static_cast<quint32>(index) < found.indexes ? found.entries[index] : none;
     }
     /// Null when there is no such parameter or element.
     ValueCell *cell(int group, int index, int element) const
@@ -70,15 +70,14 @@ public:
 private:
     struct Group
     {
-        quint32 indexes = 0;                   ///< the highest index, plus 1
-        const quint16 *entryOfIndex = nullptr; ///< 0: no such parameter
+        quint32 indexes = 0; ///< the highest index, plus 1
+        const Entry *entries = nullptr;
     };
 
-    void indexEntries(const ConsoleModel &model);
+    void makeEntries(const ConsoleModel &model);
 
     std::array<Group, ConsoleModel::GroupCount> m_groups;
-    std::vector<quint16> m_entryNumbers;
-    std::vector<Entry> m_entries; ///< the first is the one that is not there
+    std::vector<Entry> m_entries; ///< of all groups, with gaps where an index is not used
     std::unique_ptr<ValueCell[]> m_cells;
     size_t m_cellCount = 0;
 };

@@ -41,13 +41,19 @@ int stepByDetent(const std::vector<int> &detents, int value, bool up)
 
 } // namespace
 
+ParameterText::ParameterText(const ConsoleModel &model) : m_model(model)
+{
+    for (const Parameter &parameter : model.parameters())
+        m_ownTables.push_back(model.textTable(parameter.textTable));
+}
+
 const TextTable *ParameterText::tableFor(const Parameter *parameter, int tableId) const
 {
     if (tableId > OwnTable)
         return m_model.textTable(tableId);
-    if (tableId == OnOffTable || !parameter || !parameter->textTable)
+    if (tableId == OnOffTable || !parameter)
         return nullptr;
-    return m_model.textTable(parameter->textTable);
+    return m_ownTables[static_cast<size_t>(parameter - m_model.parameters().data())];
 }
 
 QString ParameterText::text(const Parameter *parameter, int tableId, int value,

@@ -12,7 +12,7 @@ public:
     enum TableId { OwnTable = 0, OnOffTable = -3 };
 
     /// The model must outlive this.
-    explicit ParameterText(const ConsoleModel &model) : m_model(model) {}
+    explicit ParameterText(const ConsoleModel &model);
 
     /// See IMemAPI::valueText(). `parameter` may be null.
     QString text(const ConsoleModel::Parameter *parameter, int tableId, int value,
@@ -27,4 +27,5 @@ private:
     const TextTable *tableFor(const ConsoleModel::Parameter *parameter, int tableId) const;
 
     const ConsoleModel &m_model;
+    std::vector<const TextTable *> m_ownTables; ///< by number of the parameter
 };

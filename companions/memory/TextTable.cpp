@@ -48,8 +48,8 @@ QString significant(double number)
     const QString text = QString::number(number, 'f', decimals);
     // Rounding may have gained a digit: 9.996 is "10.0", not "10.00".
     return decimals > 0 && text.toDouble() >= std::pow(10.0, magnitude + 1)
-        ? QString::number(number, 'f', decimals - 1)
-        : text;
+               ? QString::number(number, 'f', decimals - 1)
+               : text;
 }
 
 double logarithmicNumber(const TextTable::Logarithmic &table, qint64 position)
@@ -80,10 +80,12 @@ std::optional<double> leadingNumber(const QString &text)
 
 TextTable::TextTable(Kind kind) : m_kind(std::move(kind))
 {
-    if (const auto *list = std::get_if<List>(&m_kind))
-        m_positions = list->texts.size();
-    else if (const auto *logarithmic = std::get_if<Logarithmic>(&m_kind))
+    if (const auto *list = std::get_if<List>(&m_kind)) {
+        m_kept = list->texts;
+        m_positions = m_kept.size();
+    } else if (const auto *logarithmic = std::get_if<Logarithmic>(&m_kind)) {
         m_positions = logarithmic->steps;
+    }
 }
 
 void TextTable::requirePositions(qint64 count)
@@ -94,19 +96,16 @@ void TextTable::requirePositions(qint64 count)
 
 QString TextTable::text(qint64 position) const
 {
+    if (position >= 0 && position < m_kept.size() && !m_kept.at(position).isNull())
+        return m_kept.at(position);
     const bool endsThere = !std::holds_alternative<Linear>(m_kind) && position >= m_positions;
     if (position < 0 || endsThere)
         return {};
-    if (const auto *list = std::get_if<List>(&m_kind))
-        return list->texts.at(position);
-    if (position >= std::min(m_positions, MostKeptTexts))
+    const qint64 kept = std::min(m_positions, MostKeptTexts);
+    if (position >= kept)
         return render(position);
-    if (m_kept.isEmpty())
-        m_kept.resize(std::min(m_positions, MostKeptTexts));
-    QString &kept = m_kept[position];
-    if (kept.isNull())
-        kept = render(position);
-    return kept;
+    m_kept.resize(kept);
+    return m_kept[position] = render(position);
 }
 
 QString TextTable::render(qint64 position) const
@@ -123,15 +122,13 @@ qint64 TextTable::nearestPosition(double number) const
     if (!std::isfinite(number))
         return 0;
     const double exact = std::visit(
-        Overloaded{[&](const List &list) {
-                       return static_cast<double>(nearestInList(list, number));
-                   },
-                   [&](const Linear &table) { return (number - table.first) / table.scale; },
-                   [&](const Logarithmic &table) {
-                       const double ratio = std::max(number, table.first) / table.first;
-                       return std::log(ratio) / std::log(table.last / table.first)
-                           * (table.steps - 1);
-                   }},
+        Overloaded{
+            [&](const List &list) { return static_cast<double>(nearestInList(list, number)); },
+            [&](const Linear &table) { return (number - table.first) / table.scale; },
+            [&](const Logarithmic &table) {
+                const double ratio = std::max(number, table.first) / table.first;
+                return std::log(ratio) / std::log(table.last / table.first) * (table.steps - 1);
+            }},
         m_kind);
     const qint64 last = m_positions > 0 ? m_positions - 1 : std::numeric_limits<int>::max();
     return std::llround(std::clamp(exact, 0.0, static_cast<double>(last)));

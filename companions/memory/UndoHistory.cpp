@@ -60,7 +60,8 @@ int UndoHistory::token(const TMemProxyBasic *origin)
 {
     if (m_gesture.token && origin == m_gesture.origin)
         return m_gesture.token;
-    const bool goesOn = m_burst.token && origin && origin == m_burst.origin
+    const bool goesOn =
+        m_burst.token && origin && origin == m_burst.origin
         && (!m_burst.step || m_clock.elapsed() - m_burst.lastTime < BurstMilliseconds);
     if (!goesOn)
         m_burst = {.token = nextToken(), .origin = origin};

@@ -29,9 +29,8 @@ void UndoStep::note(const TParamInfo &before, int after)
 
 bool UndoStep::isUnchanged() const
 {
-    return std::all_of(m_changes.begin(), m_changes.end(), [](const Change &change) {
-        return change.after == change.before.value;
-    });
+    return std::all_of(m_changes.begin(), m_changes.end(),
+                       [](const Change &change) { return change.after == change.before.value; });
 }
 
 void UndoStep::undo()

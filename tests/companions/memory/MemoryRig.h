@@ -98,8 +98,7 @@ public:
     void edit(Probe &probe, int value) const
     {
         const TMemOriginHelper origin(memory.get(), &probe);
-        memory->writeValue(probe.group, probe.index, probe.element, value,
-                           memory->undoToken(0, 1));
+        memory->writeValue(probe.group, probe.index, probe.element, value, memory->undoToken(0, 1));
     }
     IMemAPI::TSingleBaseAddress address(const char *name, int element = 0) const
     {

@@ -2,8 +2,8 @@
 #include "companions/memory/UndoHistory.h"
 #include "tests/companions/memory/MemoryRig.h"
 
-#include <QUndoStack>
 #include <QtTest>
+#include <QUndoStack>
 
 #include <optional>
 #include <thread>
@@ -129,9 +129,8 @@ void tst_UndoHistory::whatEndsABurst_data()
     QTest::newRow("a pause") << Between([](UndoRig &) {
         QTest::qWait(UndoHistory::BurstMilliseconds + 50);
     }) << 2;
-    QTest::newRow("a write without undo") << Between([](UndoRig &rig) {
-        rig.write("kInputHA/kPad", 0, 1);
-    }) << 1;
+    QTest::newRow("a write without undo")
+        << Between([](UndoRig &rig) { rig.write("kInputHA/kPad", 0, 1); }) << 1;
 }
 
 void tst_UndoHistory::whatEndsABurst()
@@ -287,7 +286,8 @@ void tst_UndoHistory::theHistoryForgetsItsOldestSteps()
     rig.memory->beginGesture(&rig.att);
     rig.edit(rig.att, -1);
     for (int i = 0; i < UndoHistory::MostSteps; ++i)
-        rig.memory->writeValue(rig.fader.group, rig.fader.index, 0, i % 2, rig.memory->undoToken(0, 1));
+        rig.memory->writeValue(rig.fader.group, rig.fader.index, 0, i % 2,
+                               rig.memory->undoToken(0, 1));
     QCOMPARE(rig.stack().count(), UndoHistory::MostSteps);
     rig.edit(rig.att, -2); // its step is gone from the history by now
     rig.memory->endGesture(&rig.att);
