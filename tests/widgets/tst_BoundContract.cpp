@@ -7,6 +7,7 @@
 #include <QAccessible>
 #include <QMetaProperty>
 #include <QPointer>
+#include <QRegularExpression>
 #include <QTest>
 
 #include <thread>
@@ -49,6 +50,10 @@ const QList<Exception> exceptions{
     {"CTimeDisplay", "attaches"},
     {"CTimeDisplay", "tabOrder"},
     {"CTimeDisplay", "name"},
+    {"CCompCurve", "refreshesAtAttach"},
+    {"CCompCurve", "tabOrder"},
+    {"CGateCurve", "refreshesAtAttach"},
+    {"CGateCurve", "tabOrder"},
 };
 
 bool excepted(const QString &className, const char *rule)
@@ -183,15 +188,16 @@ void tst_BoundContract::leavesTheMemoryWhole()
     QFETCH(QString, className);
     Bound bound(className);
     bound.memory.bind(*bound.proxy, 3, 7, 2);
-    bound.memory.take();
+    QStringList expected = bound.memory.take({"attachProxy"});
+    expected.replaceInStrings(QStringLiteral("attach"), QStringLiteral("detach"));
+    expected.replaceInStrings(QRegularExpression(QStringLiteral(" 0$")), QString());
+    expected.append(QStringLiteral("releaseProxy"));
     bound.widget.reset();
     const QStringList calls = bound.memory.take({"detachProxy", "releaseProxy"});
-    if (excepted(className, "attaches")) {
-        QCOMPARE(calls.last(), QStringLiteral("releaseProxy"));
-        return;
-    }
-    QCOMPARE(calls, QStringList({QStringLiteral("detachProxy %1").arg(packedAddress(3, 7, 2)),
-                                 QStringLiteral("releaseProxy")}));
+    if (excepted(className, "attaches"))
+        QCOMPARE(calls.last(), expected.last());
+    else
+        QCOMPARE(calls, expected);
 }
 
 void tst_BoundContract::canBeReachedAndSpeaks()

@@ -8,6 +8,8 @@
 #include "widgets/controls/CDial.h"
 #include "widgets/controls/CHADial.h"
 #include "widgets/forms/FormRepeater.h"
+#include "widgets/graphs/CCompCurve.h"
+#include "widgets/graphs/CGateCurve.h"
 #include "widgets/meters/CMeter.h"
 #include "widgets/meters/CPixmapMeter.h"
 #include "widgets/meters/CThresholdMeter.h"
@@ -35,6 +37,8 @@ const WidgetRegistry::Entry all[] = {
     entry<CPixmapMeter>("Meters and readouts", "A meter of pictures: a lamp that lights in steps"),
     entry<CThresholdMeter>("Meters and readouts", "A lamp for a channel that passes a threshold"),
     entry<CTimeDisplay>("Meters and readouts", "The console's time code"),
+    entry<CCompCurve>("Processing graphs", "The curve of a compressor, expander or compander"),
+    entry<CGateCurve>("Processing graphs", "The curve of a gate or of ducking"),
     entry<FormRepeater>("Containers", "One form, placed once per channel"),
 };
 

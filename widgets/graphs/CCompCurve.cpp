@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/graphs/CCompCurve.h"
+
+#include "widgets/binding/Binding.h"
+#include "widgets/binding/ErasePixmap.h"
+#include "widgets/binding/PendingEmissions.h"
+#include "widgets/graphs/BlockParameters.h"
+#include "widgets/graphs/DynamicsGraph.h"
+#include "widgets/graphs/DynamicsLaw.h"
+#include "widgets/graphs/GraphAccessible.h"
+#include "widgets/graphs/SegmentPlotter.h"
+
+#include <QPainter>
+
+#include <array>
+
+using blockparameters::Reading;
+
+namespace {
+
+struct Readings
+{
+    Reading threshold, gain, knee, ratio;
+    int kind = 0;
+
+    friend bool operator==(const Readings &, const Readings &) = default;
+};
+
+/// The threshold first: what the graph is bound to.
+std::array<qint16, 5> indices(const TMemProxy &proxy)
+{
+    using namespace dynamicsgraph;
+    return {proxy.index, GainIndex, KneeIndex, RatioIndex, TypeIndex};
+}
+
+} // namespace
+
+struct CCompCurve::Private
+{
+    Readings readings;
+    bool told = false; ///< the value signals have told the threshold
+    PendingEmissions pending;
+    QPixmap background;
+    ErasePixmap erase;
+};
+
+CCompCurve::CCompCurve(QWidget *parent, const char *name)
+    : QWidget(parent), d(std::make_unique<Private>())
+{
+    [[maybe_unused]] static const bool speaks = GraphAccessible<CCompCurve>::install();
+    if (name)
+        setObjectName(QLatin1String(name));
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setDisabledUI(true);
+}
+
+CCompCurve::~CCompCurve()
+{
+    leaveMemory();
+}
+
+// Picture ---------------------------------------------------------------------------------------
+
+QPixmap CCompCurve::paletteBackgroundPixmap() const
+{
+    return palette().brush(backgroundRole()).texture();
+}
+
+QSize CCompCurve::sizeHint() const
+{
+    const QPixmap texture = paletteBackgroundPixmap();
+    return texture.isNull() ? dynamicsgraph::SizeWithoutPicture
+                            : texture.deviceIndependentSize().toSize();
+}
+
+void CCompCurve::repaintScreenPrimitive(QPainter &painter)
+{
+    d->background = dynamicsgraph::background(d->background, *this, paletteBackgroundPixmap());
+    painter.drawPixmap(0, 0, d->background);
+    const Readings &now = d->readings;
+    const DynamicsLaw law({now.kind, now.threshold.limited(), now.ratio.value, now.knee.value,
+                           now.gain.value, now.gain.maximum});
+    if (law.hasCurve())
+        dynamicsgraph::plotter(painter).plotToFit(size(),
+                                                  [&law](int input) { return law.output(input); });
+}
+
+void CCompCurve::updateErasePixmap(QPixmap *)
+{
+    d->erase.invalidate();
+}
+
+QPixmap CCompCurve::erasePixmap()
+{
+    return d->erase.pixmap(*this, QString(),
+                           [this](QPainter &painter) { repaintScreenPrimitive(painter); });
+}
+
+void CCompCurve::paintEvent(QPaintEvent *)
+{
+    QPainter(this).drawPixmap(0, 0, erasePixmap());
+}
+
+void CCompCurve::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange && event->type() != QEvent::EnabledChange)
+        return;
+    d->background = {};
+    updateErasePixmap(nullptr);
+    updateGeometry();
+    update();
+}
+
+// Binding ---------------------------------------------------------------------------------------
+
+void CCompCurve::connectMemAPI()
+{
+    if (!binding::ready(*this))
+        return;
+    {
+        const binding::SilentScope silent(*this);
+        blockparameters::attach(*this, indices(*this));
+    }
+    updateErasePixmap(nullptr);
+    update();
+}
+
+void CCompCurve::disconnectMemAPI()
+{
+    blockparameters::detach(*this, indices(*this));
+}
+
+void CCompCurve::process(const Q_UINT8 *, int operation, Q_UINT32 extra)
+{
+    if (operation != Refresh || !binding::ready(*this))
+        return;
+    if (binding::handOverToMainThread(*this))
+        return;
+    setWidgetShowState(this);
+    Readings now;
+    now.threshold = blockparameters::read(*this, index);
+    now.gain = blockparameters::read(*this, dynamicsgraph::GainIndex);
+    now.knee = blockparameters::read(*this, dynamicsgraph::KneeIndex);
+    now.ratio = blockparameters::read(*this, dynamicsgraph::RatioIndex);
+    now.kind =
+        DynamicsLaw::kindOf(group, blockparameters::readValue(*this, dynamicsgraph::TypeIndex));
+    const bool moved = now.threshold != d->readings.threshold;
+    if (now != d->readings) {
+        d->readings = now;
+        updateErasePixmap(nullptr);
+        update();
+    }
+    if (moved || !d->told || extra == 1)
+        tell();
+}
+
+void CCompCurve::tell()
+{
+    if (signalsBlocked()) {
+        d->pending.defer(this, [](QObject *object) {
+            auto *curve = static_cast<CCompCurve *>(object);
+            curve->d->pending.deferredCallCame();
+            curve->tell();
+        });
+        return;
+    }
+    d->told = true;
+    const Reading &threshold = d->readings.threshold;
+    if (binding::ready(*this))
+        binding::announce(*this, threshold.value, {threshold.minimum, threshold.maximum});
+}
+
+QString CCompCurve::inWords() const
+{
+    if (!binding::ready(*this) || !isAttached())
+        return {};
+    const auto textOf = [this](int parameter) { return blockparameters::text(*this, parameter); };
+    return tr("%1, threshold %2, ratio %3, knee %4, gain %5")
+        .arg(textOf(dynamicsgraph::TypeIndex), textOf(index), textOf(dynamicsgraph::RatioIndex),
+             textOf(dynamicsgraph::KneeIndex), textOf(dynamicsgraph::GainIndex));
+}
