@@ -16,13 +16,10 @@ QSize pixelSize(const QWidget &widget)
 
 const QPixmap &ErasePixmap::pixmap(const QWidget &widget, const QString &key, const Paint &paint)
 {
-    if (m_adopted)
-        return m_pixmap;
-    if (m_stale || m_pixmap.size() != pixelSize(widget)) {
+    const bool holds = m_pixmap && (m_adopted || m_pixmap->size() == pixelSize(widget));
+    if (!holds)
         m_pixmap = key.isEmpty() ? render(widget, paint) : shared(widget, key, paint);
-        m_stale = false;
-    }
-    return m_pixmap;
+    return *m_pixmap;
 }
 
 QPixmap ErasePixmap::shared(const QWidget &widget, const QString &key, const Paint &paint)

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 class QWidget;
 
@@ -21,7 +22,7 @@ public:
     /// The picture has changed.
     void invalidate()
     {
-        m_stale = true;
+        m_pixmap.reset();
         m_adopted = false;
     }
     /// The picture is `pixmap`, whatever its size, until it changes.
@@ -42,7 +43,6 @@ public:
     static QPixmap render(const QWidget &widget, const Paint &paint);
 
 private:
-    QPixmap m_pixmap;
-    bool m_stale = true;
+    std::optional<QPixmap> m_pixmap; ///< nothing while it is stale
     bool m_adopted = false;
 };

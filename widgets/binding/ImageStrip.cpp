@@ -86,6 +86,7 @@ void ImageStrip::warnIfUneven(const QObject &owner) const
 void ImageStrip::gridChanged()
 {
     m_greyRow = -1;
+    m_grey.reset();
     m_cellSize = QSizeF(cell(0, 0).size()) / m_picture.devicePixelRatio();
     m_opaque = !m_picture.isNull() && !m_picture.hasAlphaChannel();
 }
@@ -116,5 +117,5 @@ void ImageStrip::drawGrey(QPainter &painter, int row) const
         m_grey = QPixmap::fromImage(NS_Utilities::applyGreyTransformation(colour));
         m_greyRow = row;
     }
-    NS_Utilities::drawPartialPixmap(painter, {0, 0}, m_grey, {1, 1}, false);
+    NS_Utilities::drawPartialPixmap(painter, {0, 0}, *m_grey, {1, 1}, false);
 }

@@ -7,6 +7,8 @@
 #include <QRect>
 #include <QSizeF>
 
+#include <optional>
+
 class QObject;
 class QPainter;
 
@@ -70,5 +72,5 @@ private:
     unsigned m_categories : 3 = 1;
     bool m_opaque = false;
     mutable int m_greyRow = -1;
-    mutable QPixmap m_grey;
+    mutable std::optional<QPixmap> m_grey; ///< the row told by m_greyRow
 };
