@@ -11,10 +11,12 @@
 
 #include <functional>
 
+#include <malloc.h>
 #include <unistd.h>
 
 namespace {
 
+constexpr QSize Cell(knobstrip::CellSize, knobstrip::CellSize);
 constexpr QSize PanelCells(5, 10);
 constexpr QSize WindowPanels(10, 10);
 constexpr int Controls = 5000;
@@ -22,8 +24,10 @@ constexpr int StripRows = 101;
 constexpr int Changes = 10;
 constexpr size_t Addresses = 3000;
 
+/// What is freed goes back to the system first, so that what remains is in use.
 double residentBytes()
 {
+    malloc_trim(0);
     QFile statm(QStringLiteral("/proc/self/statm"));
     if (!statm.open(QIODevice::ReadOnly))
         qFatal("no /proc/self/statm");
@@ -37,43 +41,47 @@ QRect place(int number, int columns, const QSize &cell)
     return {corner, cell};
 }
 
-/// A window full of panels full of controls.
+/// A shown window full of panels, and then the panels full of controls.
 class Crowd
 {
 public:
     using Make = std::function<QWidget *(QWidget *panel)>;
 
-    explicit Crowd(const Make &make)
+    Crowd()
     {
-        constexpr QSize cell(knobstrip::CellSize, knobstrip::CellSize);
-        const QSize panelSize(cell.width() * PanelCells.width(),
-                              cell.height() * PanelCells.height());
-        m_window.resize(panelSize.width() * WindowPanels.width(),
-                        panelSize.height() * WindowPanels.height());
+        const QSize size(Cell.width() * PanelCells.width(), Cell.height() * PanelCells.height());
+        m_window.resize(size.width() * WindowPanels.width(), size.height() * WindowPanels.height());
         for (int number = 0; number < WindowPanels.width() * WindowPanels.height(); ++number) {
-            auto *panel = new QWidget(&m_window);
-            panel->setGeometry(place(number, WindowPanels.width(), panelSize));
-            for (int inside = 0; inside < PanelCells.width() * PanelCells.height(); ++inside) {
-                QWidget *control = make(panel);
-                control->setGeometry(place(inside, PanelCells.width(), cell));
-                m_controls.push_back(control);
-            }
+            m_panels.push_back(new QWidget(&m_window));
+            m_panels.back()->setGeometry(place(number, WindowPanels.width(), size));
         }
+        m_window.show();
+        QCoreApplication::processEvents();
     }
 
-    QWidget &window() { return m_window; }
-    const std::vector<QWidget *> &controls() const { return m_controls; }
+    /// Resident bytes that each control takes once it is shown and painted.
+    double populate(const Make &make)
+    {
+        const double before = residentBytes();
+        for (QWidget *panel : m_panels) {
+            for (int inside = 0; inside < PanelCells.width() * PanelCells.height(); ++inside) {
+                QWidget *control = make(panel);
+                control->setGeometry(place(inside, PanelCells.width(), Cell));
+                control->show();
+            }
+        }
+        QCoreApplication::processEvents();
+        return (residentBytes() - before) / Controls;
+    }
 
 private:
     QWidget m_window;
-    std::vector<QWidget *> m_controls;
+    std::vector<QWidget *> m_panels;
 };
 
 double weighWidgets()
 {
-    const double before = residentBytes();
-    const Crowd crowd([](QWidget *panel) { return new QWidget(panel); });
-    return (residentBytes() - before) / Controls;
+    return Crowd().populate([](QWidget *panel) { return new QWidget(panel); });
 }
 
 /// Makes dials that share a strip, each bound to a parameter.
@@ -106,19 +114,14 @@ public:
 double weighDials()
 {
     DialMaker maker;
-    const double before = residentBytes();
-    const Crowd crowd(std::ref(maker));
-    QCoreApplication::sendPostedEvents();
-    return (residentBytes() - before) / Controls;
+    return Crowd().populate(std::ref(maker));
 }
 
 double weighGrowth()
 {
     DialMaker maker;
-    Crowd crowd(std::ref(maker));
-    crowd.window().setAttribute(Qt::WA_ShowWithoutActivating);
-    crowd.window().show();
-    QCoreApplication::processEvents();
+    Crowd crowd;
+    crowd.populate(std::ref(maker));
     const double before = residentBytes();
     for (int change = 1; change <= Changes; ++change) {
         for (const ScaleParameter &each : maker.parameters)

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-/// Weighs controls in this process, which should have done nothing else before: 5000 of them, in
+/// Weighs shown controls in this process, which should have done nothing else before: 5000 of them, in
 /// panels of 50.
 namespace footprint {
 

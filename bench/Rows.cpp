@@ -12,7 +12,7 @@ const std::vector<Row> &rows()
          dialUnchanged},
         {"dial-same-row", "paints per change that leaves the picture as it is", 0, 0, dialSameRow},
         {"construct", "making a dial, to making an ideal knob", 1.7, 1.3, dialConstruction},
-        {"memory", "resident memory of a dial, to that of a QWidget", 1.7, 1.4, dialMemory},
+        {"memory", "resident memory of a shown dial, to that of a shown QWidget", 1.7, 1.4, dialMemory},
         {"memory-growth", "bytes per dial after ten changes, divided by 200", 1.0, 0,
          dialMemoryGrowth},
         {"cross-thread-producer", "a change on the thread that makes it, to the dirty list", 1.5, 1.1,

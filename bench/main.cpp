@@ -22,7 +22,7 @@ struct Options
 
 int usage()
 {
-    std::fputs("usage: bench.sh [--json FILE] [--details] [--only NAME...]\n"
+    std::fputs("usage: ./bench.sh [--json FILE] [--details] [--only NAME...]\n"
                "  --json FILE     also writes names, ratios and limits there\n"
                "  --details       also prints quartiles and times\n"
                "  --only NAME...  measures these rows only:\n",

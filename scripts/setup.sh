@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Installs the Debian packages that building and running needs. Does nothing, quickly and without
-# the network, when all of them are there.
+# Installs the Debian packages that building and running needs, and those that are named as arguments:
+# scripts/setup.sh [PACKAGE...]. Does nothing, quickly and without the network, when all of them are
+# there.
 set -euo pipefail
 
 packages=(
@@ -18,6 +19,7 @@ packages=(
     qt6-qpa-plugins     # windows under X11, and the offscreen platform of the tests
     qt6-wayland         # windows where there is only Wayland
     fonts-dejavu-core   # without a font no text is drawn
+    "$@"
 )
 
 if ! command -v dpkg-query >/dev/null; then
