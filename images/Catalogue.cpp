@@ -2,6 +2,7 @@
 #include "images/Catalogue.h"
 
 #include "images/IconPainter.h"
+#include "images/KeyPainter.h"
 #include "images/KnobGeometry.h"
 #include "images/KnobStrip.h"
 #include "images/MeterPainter.h"
@@ -90,6 +91,20 @@ const NamedBar bars[] = {
      {MeterScale::reductionSelectedChannel, {6, 56}, MeterBar::Family::Reduction}},
 };
 
+struct NamedKey
+{
+    const char *name;
+    KeyStrip strip;
+};
+
+// A key that the console never disables has no picture for it; nor one of its own for being held.
+const NamedKey keys[] = {
+    {"key-on", {{34, 24}, "ON", accent::green}},
+    {"key-select", {{34, 24}, "SEL", accent::amber}},
+    {"key-48v", {{40, 18}, "+48V", accent::red}},
+    {"key-pair", {{36, 20}, "PAIR", accent::blue, 2}},
+};
+
 struct NamedPicture
 {
     const char *name;
@@ -137,6 +152,10 @@ std::vector<Artwork> catalogue()
     }
     all.push_back({"lamp-signal", sizeOf(SignalLamp()),
                    [](QPainter &painter) { paintSignalLamp(painter, {}); }});
+    for (const NamedKey &named : keys) {
+        all.push_back({named.name, sizeOf(named.strip),
+                       [strip = named.strip](QPainter &painter) { paintStrip(painter, strip); }});
+    }
     for (const NamedPicture &picture : pictures) {
         all.push_back({picture.name, picture.size,
                        [&picture](QPainter &painter) { picture.paint(painter, picture.size); }});
