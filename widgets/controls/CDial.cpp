@@ -267,13 +267,13 @@ void CDial::paintEvent(QPaintEvent *)
     shareErasePixmap();
 }
 
-/// Under a cache server the cache holds every picture that was painted.
+/// Under a cache server with a caption the cache holds every picture that was painted.
 void CDial::shareErasePixmap()
 {
     if (d->sharedRow == currentIndex())
         return;
     d->sharedRow = currentIndex();
-    if (TCacheServer::nearest(this))
+    if (!TCacheServer::scopeOf(this).isEmpty())
         erasePixmap();
 }
 
