@@ -2,9 +2,9 @@
 // What it costs to make a control that is ready to be shown.
 #include "bench/KnobStrip.h"
 #include "bench/Producer.h"
+#include "bench/references/IdealKnob.h"
 #include "bench/Rounds.h"
 #include "bench/Rows.h"
-#include "bench/references/IdealKnob.h"
 #include "widgets/controls/CDial.h"
 
 namespace {
@@ -21,8 +21,8 @@ rounds::Case panelOf(const char *name, const std::function<void(QWidget &, const
             QWidget panel;
             const double start = threadSeconds();
             for (int place = 0; place < Siblings; ++place)
-                make(panel, {place * knobstrip::CellSize, 0, knobstrip::CellSize,
-                             knobstrip::CellSize});
+                make(panel,
+                     {place * knobstrip::CellSize, 0, knobstrip::CellSize, knobstrip::CellSize});
             state.SetIterationTime(threadSeconds() - start);
         }
     };

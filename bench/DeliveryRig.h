@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "bench/Scale.h"
 #include "bench/references/DirtyList.h"
+#include "bench/Scale.h"
 #include "companions/memory/ParameterMemory.h"
 #include "widgets/controls/CDial.h"
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // What a dial costs from a refresh to the end of the paint.
 #include "bench/KnobStrip.h"
+#include "bench/references/EmptyChild.h"
+#include "bench/references/IdealKnob.h"
 #include "bench/Rounds.h"
 #include "bench/Rows.h"
 #include "bench/Scale.h"
 #include "bench/Stage.h"
-#include "bench/references/EmptyChild.h"
-#include "bench/references/IdealKnob.h"
 #include "companions/memory/ParameterMemory.h"
 #include "widgets/controls/CDial.h"
 
@@ -90,8 +90,8 @@ void requirePaints(DialScene &scene, IdealKnob &knob)
         Stage::frame();
         const int paints = counter.paints;
         knob.setValue(scene.dial().value());
-        if (paints != 1 || scene.dial().window()->grab(place).toImage()
-            != knob.window()->grab(place).toImage())
+        if (paints != 1
+            || scene.dial().window()->grab(place).toImage() != knob.window()->grab(place).toImage())
             qFatal("change %d is not painted as it must be", change);
     }
 }
@@ -141,9 +141,9 @@ Measurement dialRefresh()
     ideal.knob.setRange(0, Values - 1);
     requirePaints(scene, ideal.knob);
     KnobScene<EmptyChild> empty;
-    return rounds::compare({changeAndFrame("dial", [&scene] { scene.change(); }),
-                            emptyFrame(empty.knob), blit(strip)},
-                           firstToSumOfOthers);
+    return rounds::compare(
+        {changeAndFrame("dial", [&scene] { scene.change(); }), emptyFrame(empty.knob), blit(strip)},
+        firstToSumOfOthers);
 }
 
 Measurement dialAlpha()

@@ -19,8 +19,8 @@ double inFreshProcess(const QString &kind)
     child.start(QCoreApplication::applicationFilePath(), {footprint::Option, kind});
     bool isNumber = false;
     const double bytes = child.waitForFinished(-1) && child.exitCode() == 0
-        ? child.readAllStandardOutput().trimmed().toDouble(&isNumber)
-        : 0;
+                             ? child.readAllStandardOutput().trimmed().toDouble(&isNumber)
+                             : 0;
     if (!isNumber)
         qFatal("no footprint of \"%s\": %s", qPrintable(kind),
                child.readAllStandardError().constData());

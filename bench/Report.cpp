@@ -49,7 +49,7 @@ bool report::writeJson(const QString &fileName, const std::vector<Result> &resul
                                {QStringLiteral("limit"), each.row->limit}});
     QFile file(fileName);
     const bool written = file.open(QIODevice::WriteOnly)
-        && file.write(QJsonDocument(all).toJson()) > 0 && file.flush();
+                         && file.write(QJsonDocument(all).toJson()) > 0 && file.flush();
     if (!written)
         std::fprintf(stderr, "bench: %s: %s\n", qPrintable(fileName),
                      qPrintable(file.errorString()));

@@ -43,8 +43,7 @@ benchmark::BenchmarkReporter::Run runOnce(const rounds::Case &each)
 double timeOf(const rounds::Case &each)
 {
     const auto run = runOnce(each);
-    return each.clock == rounds::Clock::Own ? run.GetAdjustedRealTime()
-                                            : run.GetAdjustedCPUTime();
+    return each.clock == rounds::Clock::Own ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime();
 }
 
 } // namespace

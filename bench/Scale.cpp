@@ -19,8 +19,8 @@ std::vector<ScaleParameter> scale::parameters(const ParameterMemory &memory, siz
         if (each.maximum - each.minimum < Steps)
             continue;
         for (int element = 0; element < each.elements && all.size() < count; ++element)
-            all.push_back({model.addressOf(each), model.groupOf(each), each.index, element,
-                           each.minimum});
+            all.push_back(
+                {model.addressOf(each), model.groupOf(each), each.index, element, each.minimum});
     }
     if (all.size() < count)
         qFatal("the console has only %zu parameters with %d steps", all.size(), Steps);

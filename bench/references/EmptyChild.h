@@ -8,7 +8,10 @@
 class EmptyChild : public QWidget
 {
 public:
-    explicit EmptyChild(QWidget *parent) : QWidget(parent) { setAttribute(Qt::WA_OpaquePaintEvent); }
+    explicit EmptyChild(QWidget *parent) : QWidget(parent)
+    {
+        setAttribute(Qt::WA_OpaquePaintEvent);
+    }
 
 protected:
     void paintEvent(QPaintEvent *) override {}
