@@ -16,6 +16,8 @@ constexpr QColor FaintText(150, 160, 170);
 constexpr QColor Highlight(78, 156, 255);
 constexpr QColor OnlineLit(80, 214, 124);
 constexpr QColor OfflineLit(255, 96, 82);
+constexpr QColor ReadoutBack(10, 11, 13);
+constexpr QColor ReadoutText(120, 226, 255);
 
 void apply(QApplication &application);
 

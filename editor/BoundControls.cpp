@@ -4,10 +4,20 @@
 #include "companions/memory/ParameterMemory.h"
 #include "widgets/binding/Binding.h"
 
+namespace {
+
+/// Meters and readouts do not: they show what cannot be edited.
+bool tellsItsValue(const QWidget &control)
+{
+    return control.metaObject()->indexOfSignal("memoryAPIValueChange(int)") >= 0;
+}
+
+} // namespace
+
 QList<QWidget *> boundcontrols::inside(QWidget *root)
 {
     QList<QWidget *> controls = root->findChildren<QWidget *>();
-    controls.removeIf([](QWidget *widget) { return !proxyOf(widget); });
+    controls.removeIf([](QWidget *widget) { return !proxyOf(widget) || !tellsItsValue(*widget); });
     return controls;
 }
 

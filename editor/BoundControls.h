@@ -19,7 +19,7 @@ inline TMemProxy *proxyOf(QWidget *widget)
     return dynamic_cast<TMemProxy *>(widget);
 }
 
-/// The bound controls below a widget, in the order of the form.
+/// The bound controls below a widget that can be worked, in the order of the form: no meters.
 QList<QWidget *> inside(QWidget *root);
 
 /// What a control is for: its accessible name, else its parameter's name for people.

@@ -4,6 +4,7 @@
 #include "companions/memory/ConsoleModel.h"
 #include "companions/memory/ParameterMemory.h"
 #include "console/SimulatedConsole.h"
+#include "editor/Appearance.h"
 #include "editor/ChannelChooser.h"
 #include "editor/OnlineLamp.h"
 #include "editor/ProxyCommands.h"
@@ -12,8 +13,10 @@
 #include "editor/TouchStatus.h"
 #include "editor/WheelGuard.h"
 #include "widgets/controls/CDial.h"
+#include "widgets/meters/CTimeDisplay.h"
 
 #include <QActionGroup>
+#include <QFontDatabase>
 #include <QIcon>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -25,6 +28,9 @@
 namespace {
 
 constexpr double OfferedRates[] = {5, 20, 100, 1000};
+
+/// In points, of which the display takes three quarters.
+constexpr int timeDigits = 15;
 
 } // namespace
 
@@ -195,6 +201,7 @@ void MainWindow::addHelpMenu()
 void MainWindow::addCorner()
 {
     auto *corner = new QToolBar;
+    corner->addWidget(makeTimeDisplay());
     d->channelAction = corner->addWidget(d->channel);
     corner->addActions(d->history);
     corner->setIconSize(QSize(16, 16));
@@ -204,6 +211,25 @@ void MainWindow::addCorner()
             [this](int channel) { d->pages->setChannelElement(channel - 1); });
     connect(d->pages, &QTabWidget::currentChanged, this, &MainWindow::showScreenOptions);
     showScreenOptions();
+}
+
+QWidget *MainWindow::makeTimeDisplay()
+{
+    auto *display = new CTimeDisplay;
+    QPalette colours;
+    colours.setColor(QPalette::Window, appearance::ReadoutBack);
+    colours.setColor(QPalette::WindowText, appearance::ReadoutText);
+    display->setPalette(colours);
+    // A tool bar would lend it the colours of its keys.
+    display->setBackgroundRole(QPalette::Window);
+    display->setForegroundRole(QPalette::WindowText);
+    QFont digits = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    digits.setPointSize(timeDigits);
+    digits.setBold(true);
+    display->setFont(digits);
+    display->setToolTip(tr("The console's time code"));
+    d->memory.bindProxy(display);
+    return display;
 }
 
 void MainWindow::showScreenOptions()

@@ -40,6 +40,7 @@ private:
     void addStatus();
     QAction *addCommand(QMenu *menu, const QString &text, void (*command)(QWidget *));
     void enableCommands();
+    QWidget *makeTimeDisplay();
     void showScreenOptions();
     void simulateChanges(double rate);
 

@@ -50,8 +50,9 @@ ScreenPages::~ScreenPages() = default;
 
 QStringList ScreenPages::shippedForms()
 {
-    return {":/forms/channel-strips.ui", ":/forms/selected-channel.ui", ":/forms/masters.ui",
-            ":/forms/head-amps.ui"};
+    return {":/forms/channel-strips.ui", ":/forms/selected-channel.ui", ":/forms/dynamics.ui",
+            ":/forms/masters.ui",
+            ":/forms/head-amps.ui", ":/forms/meter-bridge.ui"};
 }
 
 void ScreenPages::open(const QStringList &forms)

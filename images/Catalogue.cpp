@@ -81,12 +81,12 @@ struct NamedBar
 // Bars as high as their scale is long look best; where there is no room for that, it is scaled.
 const NamedBar bars[] = {
     {"meter-level", {MeterScale::normal, {8, 136}}},
-    {"meter-bridge", {MeterScale::normal, {12, 204}}},
+    {"meter-bridge", {MeterScale::normal, {12, 186}}},
     {"meter-strip", {MeterScale::selectedChannel, {6, 56}}},
     {"meter-channel", {MeterScale::selectedChannel, {10, 103}}},
     {"meter-comp-out", {MeterScale::compressorOut, {10, 82}}},
     {"meter-gr", {MeterScale::reductionSelectedChannel, {10, 69}, MeterBar::Family::Reduction}},
-    {"meter-bridge-gr", {MeterScale::reduction, {6, 204}, MeterBar::Family::Reduction}},
+    {"meter-bridge-gr", {MeterScale::reduction, {6, 186}, MeterBar::Family::Reduction}},
     {"meter-strip-gr",
      {MeterScale::reductionSelectedChannel, {6, 56}, MeterBar::Family::Reduction}},
 };
