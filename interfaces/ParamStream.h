@@ -19,6 +19,12 @@ class TParamInfoWriter
 {
 public:
     TParamInfoWriter(TMemProxy &proxy, int value, QDataStream *stream, short index);
+    /// Writes `info` as it is: for proxies that serve parameters at several addresses.
+    TParamInfoWriter(const TParamInfo &info, QDataStream *stream)
+    {
+        if (stream)
+            *stream << paramstream::Mark << info.group << info.element << info.index << info.value;
+    }
 };
 
 /// Reads one parameter from a copy stream. A stream that holds something else, or ends early, gives
