@@ -54,6 +54,8 @@ const QList<Exception> exceptions{
     {"CCompCurve", "tabOrder"},
     {"CGateCurve", "refreshesAtAttach"},
     {"CGateCurve", "tabOrder"},
+    {"CGrid", "signals"},
+    {"CGrid", "refreshesAtAttach"},
 };
 
 bool excepted(const QString &className, const char *rule)

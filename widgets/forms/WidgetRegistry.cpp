@@ -10,6 +10,7 @@
 #include "widgets/forms/FormRepeater.h"
 #include "widgets/graphs/CCompCurve.h"
 #include "widgets/graphs/CGateCurve.h"
+#include "widgets/lists/CGrid.h"
 #include "widgets/meters/CMeter.h"
 #include "widgets/meters/CPixmapMeter.h"
 #include "widgets/meters/CThresholdMeter.h"
@@ -39,6 +40,7 @@ const WidgetRegistry::Entry all[] = {
     entry<CTimeDisplay>("Meters and readouts", "The console's time code"),
     entry<CCompCurve>("Processing graphs", "The curve of a compressor, expander or compander"),
     entry<CGateCurve>("Processing graphs", "The curve of a gate or of ducking"),
+    entry<CGrid>("Lists and grids", "A matrix that connects channels with fields"),
     entry<FormRepeater>("Containers", "One form, placed once per channel"),
 };
 

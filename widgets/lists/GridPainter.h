@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "widgets/lists/CGridPrivate.h"
+
+class QPainter;
+
+/// Draws a part of a grid: background, disabled cells, cross-hair, lines, balls, in this order. The
+/// memory is read for the cells of that part only. GUI thread.
+class GridPainter
+{
+public:
+    GridPainter(CGrid &grid, QPainter &painter) : m_grid(*grid.d), m_painter(painter) {}
+
+    void paint(const QRect &exposed);
+
+private:
+    void drawBG(const QRect &exposed);
+    void drawDisabledCells(const QRect &cells);
+    void drawCursor(const QRect &exposed);
+    void drawLines(const QRect &exposed, const QRect &cells);
+    void drawBalls(const QRect &cells);
+    void drawLane(int lane, const QRect &cells);
+    void drawBall(const QRect &cell);
+    void drawKeyboardCursor(const QRect &exposed);
+    bool isDisabled(int column, int row) const;
+
+    CGrid::Private &m_grid;
+    QPainter &m_painter;
+    std::vector<QRect> m_disabled; ///< what of the disabled rectangles is among the cells drawn
+};

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "widgets/Export.h"
+
+#include <QStringList>
+
+/// What the channels or fields of a grid are called: a list "CH 1..48; ST 1L; ST 1R", in which a run
+/// stands for titles with ascending numbers.
+class CONSOLEWIDGETS_EXPORT GridTitles
+{
+public:
+    const QString &text() const { return m_text; }
+    /// Titles beyond the most cells that an axis can have are left out.
+    void setText(const QString &text);
+
+    /// Empty when the list has no title for it.
+    QString title(int number) const { return m_titles.value(number); }
+
+private:
+    void addItem(QStringView item);
+
+    QString m_text;
+    QStringList m_titles;
+};
