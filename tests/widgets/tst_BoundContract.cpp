@@ -31,6 +31,9 @@ const QList<Exception> exceptions{
     {"C48V", "attaches"},
     {"C48VDial", "refreshesAtAttach"},
     {"C48VDial", "attaches"},
+    // Displays, which are looked at.
+    {"StateDisplayBit", "tabOrder"},
+    {"StateDisplayWidget", "tabOrder"},
     {"CMeter", "signals"},
     {"CMeter", "refreshesAtAttach"},
     {"CMeter", "attaches"},

@@ -11,6 +11,10 @@ namespace {
 /// A pause in typing after which a new search begins.
 constexpr int ForgetTypedAfter = 1000;
 
+/// More lines than this do not fit on a screen in columns; and as an open menu lays itself out anew
+/// when an action changes, that takes too long with more.
+constexpr int LongMenu = 500;
+
 /// Tabs would begin a shortcut, and line breaks a second line.
 QString menuText(QString text)
 {
@@ -35,14 +39,32 @@ CMenuObject::CMenuObject(QWidget *parent) : QMenu(parent)
         m_widget = nullptr;
         m_typed.clear();
     });
-    connect(this, &QMenu::triggered, this,
-            [this](const QAction *action) { Q_EMIT chosen(action->data().toInt()); });
+    connect(this, &QMenu::triggered, this, [this](const QAction *action) {
+        m_telling = true;
+        Q_EMIT chosen(action->data().toInt());
+        m_telling = false;
+    });
+}
+
+void CMenuObject::discard()
+{
+    disconnect();
+    if (!m_telling) {
+        delete this;
+        return;
+    }
+    // A menu goes on with itself after it has told.
+    close();
+    setParent(nullptr);
+    deleteLater();
 }
 
 void CMenuObject::clearItems()
 {
     close();
     m_actions.clear();
+    m_wanted = nullptr;
+    m_checked = nullptr;
     // The last first: a menu searches its actions from the front for each one that goes. Later,
     // because one of them may be telling just now that it was chosen.
     const QList<QAction *> all = actions();
@@ -63,34 +85,44 @@ void CMenuObject::appendItem(const QString &text, int identifier)
 
 void CMenuObject::checkItem(int identifier)
 {
-    QAction *action = m_actions.value(identifier);
-    if (action != m_checked)
-        uncheck();
-    m_checked = action;
-    if (!action)
-        return;
-    // Only the checked item is checkable: the others would show an empty box.
-    action->setCheckable(true);
-    action->setChecked(true);
+    m_wanted = m_actions.value(identifier);
+    applyCheck();
 }
 
 void CMenuObject::uncheck()
 {
-    if (!m_checked)
+    m_wanted = nullptr;
+    applyCheck();
+}
+
+/// Only the checked item is checkable: the others would show an empty box.
+void CMenuObject::applyCheck()
+{
+    if (isVisible() && actions().size() > LongMenu)
         return;
-    m_checked->setChecked(false);
-    m_checked->setCheckable(false);
-    m_checked = nullptr;
+    if (m_checked && m_checked != m_wanted) {
+        m_checked->setChecked(false);
+        m_checked->setCheckable(false);
+    }
+    m_checked = m_wanted;
+    if (m_checked) {
+        m_checked->setCheckable(true);
+        m_checked->setChecked(true);
+    }
 }
 
 void CMenuObject::openFor(QWidget *widget)
 {
+    if (actions().isEmpty())
+        return;
     m_widget = widget;
+    applyCheck();
+    if (actions().size() > LongMenu)
+        setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }"));
+    else if (!styleSheet().isEmpty())
+        setStyleSheet(QString());
     // Deliberate: the bottom row of the widget, not the one below, so that they overlap by one.
     popup(widget->mapToGlobal(widget->rect().bottomLeft()));
-    // An empty menu does not open.
-    if (!isVisible())
-        m_widget = nullptr;
 }
 
 void CMenuObject::keyPressEvent(QKeyEvent *event)

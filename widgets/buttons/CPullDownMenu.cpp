@@ -3,6 +3,7 @@
 
 #include "interfaces/utilities/NS_Utilities.h"
 #include "widgets/binding/Binding.h"
+#include "widgets/binding/FocusRing.h"
 #include "widgets/binding/PendingEmissions.h"
 #include "widgets/buttons/CMenuObject.h"
 #include "widgets/buttons/MenuItems.h"
@@ -54,7 +55,7 @@ struct CPullDownMenu::Private
 CPullDownMenu::CPullDownMenu(QWidget *parent, const char *name)
     : QLabel(parent), d(std::make_unique<Private>())
 {
-    PullDownAccessible::install();
+    PullDownAccessible::install<PullDownAccessible>();
     if (name)
         setObjectName(QLatin1String(name));
     setTextFormat(Qt::PlainText);
@@ -67,8 +68,7 @@ CPullDownMenu::CPullDownMenu(QWidget *parent, const char *name)
 CPullDownMenu::~CPullDownMenu()
 {
     leaveMemory();
-    // The menu outlives the record while it is closed by the base class.
-    d->menu->disconnect(this);
+    d->menu->discard();
 }
 
 // Properties ------------------------------------------------------------------------------------
@@ -383,18 +383,16 @@ void CPullDownMenu::refreshText()
 {
     if (d->image.isNull() && !d->items.isEmpty())
         setText(shownText());
-    if (QAccessible::isActive()) {
-        QAccessibleValueChangeEvent event(this, shownText());
-        QAccessible::updateAccessibility(&event);
-    }
+    PullDownAccessible::notify(*this);
 }
 
 void CPullDownMenu::updateDimensions()
 {
     if (d->image.isNull())
         return;
-    const QSizeF strip = d->image.deviceIndependentSize();
-    setFixedSize(qCeil(strip.width()), qCeil(strip.height() / std::max(1, d->imageCount)));
+    const QSize pixels(d->image.width(), d->image.height() / std::max(1, d->imageCount));
+    const qreal ratio = d->image.devicePixelRatio();
+    setFixedSize(qCeil(pixels.width() / ratio), qCeil(pixels.height() / ratio));
 }
 
 void CPullDownMenu::repaintScreenPrimitive(QPainter &painter)
@@ -426,11 +424,8 @@ void CPullDownMenu::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     repaintScreenPrimitive(painter);
-    if (!hasFocus() || !d->focusRect)
-        return;
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(palette().color(QPalette::Highlight));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+    if (hasFocus() && d->focusRect)
+        focusring::draw(painter, *this, {});
 }
 
 QSize CPullDownMenu::sizeHint() const

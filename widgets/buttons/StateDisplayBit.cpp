@@ -3,8 +3,8 @@
 
 #include "interfaces/utilities/NS_Utilities.h"
 #include "widgets/binding/Binding.h"
+#include "widgets/binding/ShownTextAccessible.h"
 #include "widgets/binding/TCacheServer.h"
-#include "widgets/meters/MeterAccessible.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -15,6 +15,16 @@ namespace {
 
 /// As many bits as a value has.
 constexpr int MostBits = std::numeric_limits<unsigned>::digits;
+
+/// A column of lamps that says which are lit.
+class BitsAccessible : public ShownTextAccessible<StateDisplayBit>
+{
+public:
+    explicit BitsAccessible(StateDisplayBit &lamps)
+        : ShownTextAccessible(lamps, QAccessible::Indicator)
+    {
+    }
+};
 
 bool bit(unsigned bits, int number)
 {
@@ -66,7 +76,7 @@ public:
 StateDisplayBit::StateDisplayBit(QWidget *parent, const char *)
     : QFrame(parent), d(std::make_unique<StateDisplayBit_PD>())
 {
-    MeterAccessible<StateDisplayBit>::install(QAccessible::Indicator);
+    BitsAccessible::install<BitsAccessible>();
     setNumDefaultKind(0);
     setUndoEnable(false);
     setFocusPolicy(Qt::ClickFocus);
@@ -252,10 +262,7 @@ void StateDisplayBit::process(const Q_UINT8 *, int operation, Q_UINT32)
 
 void StateDisplayBit::announce()
 {
-    if (QAccessible::isActive()) {
-        QAccessibleValueChangeEvent event(this, shownText());
-        QAccessible::updateAccessibility(&event);
-    }
+    BitsAccessible::notify(*this);
     if (!binding::ready(*this))
         return;
     const QPointer<StateDisplayBit> self(this);

@@ -4,14 +4,40 @@
 #include "interfaces/utilities/NS_Utilities.h"
 #include "widgets/binding/Binding.h"
 #include "widgets/binding/ErasePixmap.h"
+#include "widgets/binding/ShownTextAccessible.h"
 #include "widgets/binding/TCacheServer.h"
-#include "widgets/buttons/StateDisplayAccessible.h"
 
 #include <QMouseEvent>
 #include <QPainter>
 #include <QtMath>
 
 #include <limits>
+
+namespace {
+
+/// A picture that says its state and can be pressed.
+class PictureAccessible : public ShownTextAccessible<StateDisplayWidget>
+{
+public:
+    explicit PictureAccessible(StateDisplayWidget &picture)
+        : ShownTextAccessible(picture, QAccessible::Graphic)
+    {
+    }
+
+    QStringList actionNames() const override
+    {
+        return QStringList(pressAction()) + BoundAccessible::actionNames();
+    }
+    void doAction(const QString &name) override
+    {
+        if (name == pressAction() && control().isEnabled())
+            control().click();
+        else
+            BoundAccessible::doAction(name);
+    }
+};
+
+} // namespace
 
 class StateDisplayWidget::StateDisplayWidget_PD : public TCachedData
 {
@@ -29,8 +55,9 @@ public:
 
     QSize cellSize() const
     {
-        const QSizeF strip = combinedImage.deviceIndependentSize();
-        return {qCeil(strip.width()), qCeil(strip.height() / subImages)};
+        const QSize pixels(combinedImage.width(), combinedImage.height() / subImages);
+        const qreal ratio = combinedImage.devicePixelRatio();
+        return {qCeil(pixels.width() / ratio), qCeil(pixels.height() / ratio)};
     }
     bool hasCells() const { return subImages > 0 && combinedImage.width() > 0; }
 };
@@ -39,7 +66,7 @@ public:
 StateDisplayWidget::StateDisplayWidget(QWidget *parent, const char *)
     : QFrame(parent), d(std::make_unique<StateDisplayWidget_PD>())
 {
-    StateDisplayAccessible::install();
+    PictureAccessible::install<PictureAccessible>();
     setNumDefaultKind(0);
     setUndoEnable(false);
     setFocusPolicy(Qt::ClickFocus);
@@ -104,10 +131,7 @@ void StateDisplayWidget::setValue(int value)
     d->value = value;
     updateErasePixmap(nullptr);
     update();
-    if (QAccessible::isActive()) {
-        QAccessibleValueChangeEvent event(this, shownText());
-        QAccessible::updateAccessibility(&event);
-    }
+    PictureAccessible::notify(*this);
     if (binding::ready(*this))
         binding::announce(*this, value, binding::range(*this));
 }

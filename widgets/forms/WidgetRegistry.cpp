@@ -2,8 +2,12 @@
 #include "widgets/forms/WidgetRegistry.h"
 
 #include "widgets/buttons/C48V.h"
+#include "widgets/buttons/CAnimMenu.h"
 #include "widgets/buttons/COnOffButton.h"
+#include "widgets/buttons/CPullDownMenu.h"
 #include "widgets/buttons/CSelectButton.h"
+#include "widgets/buttons/StateDisplayBit.h"
+#include "widgets/buttons/StateDisplayWidget.h"
 #include "widgets/controls/C48VDial.h"
 #include "widgets/controls/CDial.h"
 #include "widgets/controls/CHADial.h"
@@ -34,6 +38,10 @@ const WidgetRegistry::Entry all[] = {
     entry<COnOffButton>("Keys and menus", "A key that switches one parameter on and off"),
     entry<CSelectButton>("Keys and menus", "A channel's select key"),
     entry<C48V>("Keys and menus", "Phantom power of an input, following its patch"),
+    entry<CPullDownMenu>("Keys and menus", "A drop-down list of values for one parameter"),
+    entry<CAnimMenu>("Keys and menus", "A panel that rolls open over another picture"),
+    entry<StateDisplayBit>("Keys and menus", "A column of lamps for the bits of a parameter"),
+    entry<StateDisplayWidget>("Keys and menus", "A picture of a parameter's state; reports clicks"),
     entry<CMeter>("Meters and readouts", "A bar meter for a level or a gain reduction"),
     entry<CPixmapMeter>("Meters and readouts", "A meter of pictures: a lamp that lights in steps"),
     entry<CThresholdMeter>("Meters and readouts", "A lamp for a channel that passes a threshold"),
