@@ -3,6 +3,7 @@
 
 #include "companions/memory/ConsoleModel.h"
 #include "companions/memory/ParameterMemory.h"
+#include "console/Housekeeping.h"
 #include "console/MeterModel.h"
 #include "console/OperatorModel.h"
 #include "console/TransportClock.h"
@@ -14,6 +15,7 @@
 #include <mutex>
 #include <optional>
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -30,7 +32,7 @@ constexpr std::chrono::milliseconds MostToCatchUp(200);
 struct SimulatedConsole::Private
 {
     Private(ParameterMemory &console, std::uint32_t seed)
-        : memory(console), operators(console, seed), meters(console.model(), seed + 1)
+        : memory(console), housekeeping(console), operators(console, seed), meters(console.model(), seed + 1)
     {
     }
 
@@ -45,6 +47,7 @@ struct SimulatedConsole::Private
     ParameterMemory &memory;
 
     // Of the thread that ticks.
+    Housekeeping housekeeping;
     OperatorModel operators;
     MeterModel meters;
     TransportClock transport;
@@ -52,6 +55,7 @@ struct SimulatedConsole::Private
     int linkAge = 0;    // milliseconds, as far as it matters
     int connection = 0;
     bool lit = false;
+    bool showStarted = false;
     int stepRest = 0; // milliseconds that step() owes
 
     // Settings, from any thread.
@@ -208,4 +212,7 @@ void SimulatedConsole::Private::deliver()
         memory.deliverMeter(reading.group, reading.index, reading.element, reading.level,
                             reading.peak);
     operators.advance(Tick, rate);
+    if (!std::exchange(showStarted, true))
+        housekeeping.linkChannels();
+    housekeeping.carryOut();
 }
