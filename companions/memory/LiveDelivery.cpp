@@ -81,6 +81,13 @@ bool LiveDelivery::timecodeWanted() const
            < m_timecodeUntil.load(std::memory_order_relaxed);
 }
 
+const LiveDelivery::Watchers &LiveDelivery::Tables::watchersOf(quint32 address) const
+{
+    static const Watchers none;
+    const auto found = watchers.constFind(address);
+    return found == watchers.constEnd() ? none : *found;
+}
+
 LiveDelivery::Watchers LiveDelivery::Tables::timecodeReceivers() const
 {
     Watchers receivers;
@@ -102,14 +109,14 @@ void LiveDelivery::deliver(const Receivers &receivers, const Bytes &bytes)
         if (m_changeWaits.load(std::memory_order_relaxed))
             const std::lock_guard behindTheChange(m_turnstile);
         const std::shared_lock held(m_hold);
-        for (TMemProxyBasic *proxy : receivers(*m_tables))
-            call(proxy);
+        const auto &present = receivers(*m_tables);
+        std::for_each(present.begin(), present.end(), call);
         return;
     }
     const std::shared_ptr<Tables> tables = m_tables; // outlives this
     const Watchers present = receivers(*tables);
     for (TMemProxyBasic *proxy : present) {
-        const Watchers still = receivers(*tables);
+        const auto &still = receivers(*tables);
         if (std::find(still.begin(), still.end(), proxy) != still.end())
             call(proxy);
     }
@@ -119,8 +126,10 @@ void LiveDelivery::deliverMeter(quint32 address, int level, int peak)
 {
     level = std::clamp(level, 0, MostCode);
     peak = std::clamp(peak, 0, MostCode);
-    deliver([address](const Tables &tables) { return tables.watchersOf(address); },
-            {low7(level >> 7), low7(level), low7(peak >> 7), low7(peak)});
+    const auto receivers = [address](const Tables &tables) -> const Watchers & {
+        return tables.watchersOf(address);
+    };
+    deliver(receivers, {low7(level >> 7), low7(level), low7(peak >> 7), low7(peak)});
 }
 
 void LiveDelivery::deliverTimecode(int hours, int minutes, int seconds, int frames)

@@ -55,7 +55,7 @@ private:
         QHash<quint32, Watchers> watchers;
         std::vector<Request> requests;
 
-        Watchers watchersOf(quint32 address) const { return watchers.value(address); }
+        const Watchers &watchersOf(quint32 address) const;
         Watchers timecodeReceivers() const;
     };
 
