@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What a change of a parameter costs on the thread that makes it, and on the GUI thread.
+#include "bench/BareDelivery.h"
 #include "bench/DeliveryRig.h"
 #include "bench/Producer.h"
 #include "bench/Rounds.h"
@@ -34,11 +35,12 @@ rounds::Case frames(const char *name, Delivery &delivery, Producer &producer, Si
     return {name, body, rounds::Clock::Own};
 }
 
+template<typename OfMemory, typename OfList>
 Measurement compareFrames(Side side)
 {
     Producer producer;
-    MemoryDelivery memory;
-    DirtyListDelivery list;
+    OfMemory memory;
+    OfList list;
     return rounds::compare({frames("1000 changes, memory", memory, producer, side),
                             frames("1000 changes, dirty list", list, producer, side)},
                            rounds::firstToSecond);
@@ -48,10 +50,20 @@ Measurement compareFrames(Side side)
 
 Measurement producerCost()
 {
-    return compareFrames(Side::Producer);
+    return compareFrames<MemoryDelivery, DirtyListDelivery>(Side::Producer);
 }
 
 Measurement deliveryCost()
 {
-    return compareFrames(Side::Gui);
+    return compareFrames<MemoryDelivery, DirtyListDelivery>(Side::Gui);
+}
+
+Measurement bareProducerCost()
+{
+    return compareFrames<BareMemoryDelivery, BareListDelivery>(Side::Producer);
+}
+
+Measurement bareDeliveryCost()
+{
+    return compareFrames<BareMemoryDelivery, BareListDelivery>(Side::Gui);
 }

@@ -21,12 +21,12 @@ void report::printSetting()
 
 void report::printHead()
 {
-    std::printf("\n%-22s %8s %7s %6s\n", "name", "ratio", "limit", "aim");
+    std::printf("\n%-27s %8s %7s %6s\n", "name", "ratio", "limit", "aim");
 }
 
 void report::print(const Result &result)
 {
-    std::printf("%-22s %8.3f %7.2f %6.2f  %s\n", result.row->name, result.measured.ratio,
+    std::printf("%-27s %8.3f %7.2f %6.2f  %s\n", result.row->name, result.measured.ratio,
                 result.row->limit, result.row->aim, result.holds() ? "held" : "NOT HELD");
     std::fflush(stdout);
 }

@@ -26,6 +26,13 @@ Measurement dialAlpha();
 Measurement dialUnchanged();
 Measurement dialSameRow();
 
+// MeterRows.cpp
+Measurement meterReading();
+Measurement metersPage();
+Measurement metersFifth();
+Measurement metersNone();
+Measurement controlsPage();
+
 // ConstructionRows.cpp
 Measurement dialConstruction();
 
@@ -36,6 +43,8 @@ Measurement dialMemoryGrowth();
 // DeliveryRows.cpp
 Measurement producerCost();
 Measurement deliveryCost();
+Measurement bareProducerCost();
+Measurement bareDeliveryCost();
 
 // FloodRows.cpp
 Measurement floodTime();

@@ -28,7 +28,7 @@ int usage()
                "  --only NAME...  measures these rows only:\n",
                stderr);
     for (const Row &row : rows())
-        std::fprintf(stderr, "    %-22s %s\n", row.name, row.what);
+        std::fprintf(stderr, "    %-27s %s\n", row.name, row.what);
     return BadUse;
 }
 
