@@ -11,22 +11,21 @@
 /// Brings changes of parameters, made on any thread, to the proxies that are registered on them: on
 /// the GUI thread, gathered, at most one process() per proxy in a turn of the event loop.
 ///
-/// Why no change is lost. A writer stores the value and then counts a change in the cell's state with
-/// a read-modify-write; the delivery sets the count back with a read-modify-write and lets the proxies
-/// read the value only after that. All of these are on one atomic and thus in one order. A writer that
-/// comes before the setting back hands its value over through it (its operation, or a later one of the
-/// same release sequence, is what the setting back reads). A writer that comes after it finds no
-/// change counted and puts the cell into the list again. Setting back with a plain store would break
-/// the chain: the value could be read before the writer's store is seen.
+/// Why no change is lost. A writer stores the value and then counts a change in the cell's state
+/// with a read-modify-write; the delivery sets the count back with a read-modify-write and lets the
+/// proxies read the value only after that. All of these are on one atomic and thus in one order. A
+/// writer that comes before the setting back hands its value over through it (its operation, or a
+/// later one of the same release sequence, is what the setting back reads). A writer that comes
+/// after it finds no change counted and puts the cell into the list again. Setting back with a
+/// plain store would break the chain: the value could be read before the writer's store is seen.
 ///
 /// Why a cell is in the list at most once. Only the first change of an observed cell pushes it, and
 /// Observed is taken away either from a cell without changes, hence not in the list, or by the
-/// delivery, which has just taken the cell out and leaves it its count. Such a cell goes on counting,
-/// and its writers leave the list and the GUI thread alone.
+/// delivery, which has just taken the cell out and leaves it its count. Such a cell goes on
+/// counting, and its writers leave the list and the GUI thread alone.
 ///
-/// The writer counts, instead of setting a flag, because an addition is one bus operation whose result
-/// tells all; setting a bit and learning the others takes a read before it, and twice the time where
-/// threads compete.
+/// The writer counts, instead of setting a bit, because an addition is one operation whose result
+/// tells all; setting a bit and learning the others is a loop of reading and exchanging.
 class ChangeDelivery : public QObject
 {
 public:

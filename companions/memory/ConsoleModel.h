@@ -53,8 +53,8 @@ public:
         }
     };
 
-    /// Reads a model file. Nothing, and one line in `error` (file, place in the JSON, reason), when it
-    /// cannot be read or anything in it is not as it must be.
+    /// Reads a model file. Nothing, and one line in `error` (file, place in the JSON, reason), when
+    /// it cannot be read or anything in it is not as it must be.
     static std::optional<ConsoleModel> read(const QString &fileName, QString *error = nullptr);
     /// The same for the contents of a file; `fileName` only serves the error text.
     static std::optional<ConsoleModel> parse(const QByteArray &json, const QString &fileName,

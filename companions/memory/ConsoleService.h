@@ -18,8 +18,8 @@ Q_SIGNALS:
     void timeout();
 };
 
-/// What the console tells beside its parameters: whether it is there, the blink clock and the service
-/// tick. The operations may be called on any thread; the signals come on the GUI thread.
+/// What the console tells beside its parameters: whether it is there, the blink clock and the
+/// service tick. The operations may be called on any thread; the signals come on the GUI thread.
 class ConsoleService : public QObject
 {
     Q_OBJECT

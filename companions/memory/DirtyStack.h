@@ -3,9 +3,9 @@
 
 #include <atomic>
 
-/// A lock-free list into which any thread pushes and which one thread takes as a whole. Intrusive: a
-/// node carries its `next`, and whoever pushes it makes sure, with a flag of its own, that it is in
-/// the list at most once. Because nodes are never taken singly, there is no ABA problem.
+/// A lock-free list into which any thread pushes and which one thread takes as a whole. Intrusive:
+/// a node carries its `next`, and whoever pushes it makes sure, with a flag of its own, that it is
+/// in the list at most once. Because nodes are never taken singly, there is no ABA problem.
 template<typename Node>
 class DirtyStack
 {

@@ -9,15 +9,16 @@ class NameIndex;
 class ParameterStore;
 
 /// Works out which phantom-power parameter belongs to an input channel: the channel's patch names a
-/// source, each head-amp unit says at which source its first port is, and the parameters of the ports
-/// of all units follow one another. GUI thread.
+/// source, each head-amp unit says at which source its first port is, and the parameters of the
+/// ports of all units follow one another. GUI thread.
 class HeadAmpPatch
 {
 public:
     HeadAmpPatch(const NameIndex &names, const ParameterStore &store);
 
-    /// Reads "element,index", two decimal numbers: where the parameters of the ports begin, and their
-    /// index. An empty second number, or none, leaves the index to the model ("0" is the element 0).
+    /// Reads "element,index", two decimal numbers: where the parameters of the ports begin, and
+    /// their index. An empty second number, or none, leaves the index to the model ("0" is the
+    /// element 0).
     static bool parse(IMemAPI::TXtraInfo &info);
 
     /// The phantom-power parameter of input `channel`; negative bases are the model's own. Nothing

@@ -18,9 +18,9 @@
 /// thread that delivers.
 ///
 /// The tables of watchers are changed on the GUI thread only. Other threads deliver under a shared
-/// hold, and a change waits for them: once a watch has ended no other thread is inside the proxy. The
-/// GUI thread itself delivers without the hold, since nobody else can change the tables meanwhile;
-/// what it calls may end watches, destroy watching proxies, or destroy this.
+/// hold, and a change waits for them: once a watch has ended no other thread is inside the proxy.
+/// The GUI thread itself delivers without the hold, since nobody else can change the tables
+/// meanwhile; what it calls may end watches, destroy watching proxies, or destroy this.
 class LiveDelivery
 {
 public:

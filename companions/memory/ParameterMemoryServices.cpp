@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the memory offers beside values: texts, undo, the console's clocks and meters, subscriptions.
+// What the memory offers beside values: texts, undo, the console's clocks and meters,
+// subscriptions.
 #include "companions/memory/MethodText.h"
 #include "companions/memory/ParameterMemoryPrivate.h"
 #include "companions/memory/SimpleNotifier.h"

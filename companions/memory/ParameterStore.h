@@ -23,8 +23,8 @@ struct alignas(32) ValueCell
     ValueCell *next = nullptr; ///< in the list of changed cells
 };
 
-/// The values of all parameters of a model. Addresses are found through tables that never change, so
-/// that any thread may read and write without lock or allocation.
+/// The values of all parameters of a model. Addresses are found through tables that never change,
+/// so that any thread may read and write without lock or allocation.
 class ParameterStore
 {
 public:

@@ -74,7 +74,8 @@ QString ParameterText::text(const Parameter *parameter, int tableId, int value,
 
 int ParameterText::value(const Parameter *parameter, int tableId, double number) const
 {
-    // A table named by its number has its own ends; the parameter told last is not the one it is for.
+    // A table named by its number has its own ends; the parameter told last is not the one it is
+    // for.
     if (tableId > OwnTable)
         parameter = nullptr;
     const qint64 lowest = parameter ? parameter->minimum : std::numeric_limits<int>::min();

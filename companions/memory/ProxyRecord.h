@@ -8,8 +8,8 @@
 
 class TMemProxyBasic;
 
-/// What the memory knows of a proxy (TMemProxyBasic::memoryRecord()). It may outlive the proxy by the
-/// rest of a delivery. GUI thread, except `pending` and `next`.
+/// What the memory knows of a proxy (TMemProxyBasic::memoryRecord()). It may outlive the proxy by
+/// the rest of a delivery. GUI thread, except `pending` and `next`.
 struct ProxyRecord
 {
     explicit ProxyRecord(TMemProxyBasic &owner) : proxy(&owner) {}

@@ -10,8 +10,8 @@ class SimpleNotifier : public CSimpleNotifier
     Q_OBJECT
 
 public:
-    /// A subscription of `receiver` to nothing yet, whose values will go to its slot (a SLOT() text;
-    /// null: none). Null, with a warning, when the receiver has no such slot.
+    /// A subscription of `receiver` to nothing yet, whose values will go to its slot (a SLOT()
+    /// text; null: none). Null, with a warning, when the receiver has no such slot.
     static SimpleNotifier *create(QObject *receiver, const char *slot);
 
     /// Leaves the present address. `names` is what selectAltAddress() will resolve from now on.

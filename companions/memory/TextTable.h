@@ -8,8 +8,8 @@
 
 #include <variant>
 
-/// A value-to-text table of the console model: turns positions (0, 1, 2 ...) into the texts that the
-/// operator reads, and typed numbers into positions.
+/// A value-to-text table of the console model: turns positions (0, 1, 2 ...) into the texts that
+/// the operator reads, and typed numbers into positions.
 ///
 /// Texts are rendered once and then shared, so that showing one costs neither formatting nor
 /// allocation. GUI thread.
@@ -33,8 +33,8 @@ public:
         QString zero;                        ///< stands for zero, unless empty
         QString lowest;                      ///< stands for position 0, unless empty
     };
-    /// Equal ratios from `first` to `last` in `steps` positions, shown with three digits; from 1000 on
-    /// in thousands with `kiloUnit`, unless that is empty: "20.0 Hz", "1.25 kHz".
+    /// Equal ratios from `first` to `last` in `steps` positions, shown with three digits; from 1000
+    /// on in thousands with `kiloUnit`, unless that is empty: "20.0 Hz", "1.25 kHz".
     struct Logarithmic
     {
         double first = 1;
@@ -47,8 +47,8 @@ public:
 
     explicit TextTable(Kind kind);
 
-    /// Says that a parameter with that many positions uses the table. The table's own end stands where
-    /// it has one (a list, a logarithmic table).
+    /// Says that a parameter with that many positions uses the table. The table's own end stands
+    /// where it has one (a list, a logarithmic table).
     void requirePositions(qint64 count);
 
     /// How many positions there are; 0 while an open-ended table is used by no parameter.
@@ -57,9 +57,9 @@ public:
     /// The text of a position; a null text when the table has none for it.
     QString text(qint64 position) const;
 
-    /// The position nearest to a number in the unit of the texts, within 0 and positions() - 1. A number
-    /// that is not finite gives 0. In a list, a number leading a text is that text's number; a list
-    /// without numbers is counted.
+    /// The position nearest to a number in the unit of the texts, within 0 and positions() - 1. A
+    /// number that is not finite gives 0. In a list, a number leading a text is that text's number;
+    /// a list without numbers is counted.
     qint64 nearestPosition(double number) const;
 
 private:

@@ -14,9 +14,10 @@ class UndoStep;
 
 /// Gathers the operator's writes into undo steps on a QUndoStack.
 ///
-/// A gesture (a drag) is one step. Outside of gestures, writes of one control to one parameter are one
-/// step as long as they follow each other within a second and nothing else is done between them. A
-/// step that leads back to where it began is taken off again: undoing it would do nothing. GUI thread.
+/// A gesture (a drag) is one step. Outside of gestures, writes of one control to one parameter are
+/// one step as long as they follow each other within a second and nothing else is done between
+/// them. A step that leads back to where it began is taken off again: undoing it would do nothing.
+/// GUI thread.
 class CONSOLECOMPANIONS_EXPORT UndoHistory : public QObject
 {
 public:

@@ -14,8 +14,8 @@ public:
     UndoStep(UndoHistory &history, const QString &text);
     ~UndoStep() override;
 
-    /// A parameter went from `before` to `after`. The first value it ever had in this step and the last
-    /// one count.
+    /// A parameter went from `before` to `after`. The first value it ever had in this step and the
+    /// last one count.
     void note(const TParamInfo &before, int after);
     /// All values are where they were before the step.
     bool isUnchanged() const;
