@@ -66,6 +66,16 @@ QPixmap CCompCurve::paletteBackgroundPixmap() const
     return palette().brush(backgroundRole()).texture();
 }
 
+void CCompCurve::setPaletteBackgroundPixmap(const QPixmap &picture)
+{
+    QBrush brush(palette().color(backgroundRole()));
+    if (!picture.isNull())
+        brush.setTexture(picture);
+    QPalette changed = palette();
+    changed.setBrush(backgroundRole(), brush);
+    setPalette(changed);
+}
+
 QSize CCompCurve::sizeHint() const
 {
     const QPixmap texture = paletteBackgroundPixmap();

@@ -15,16 +15,22 @@
 /// per decibel, suit it best.
 ///
 /// Its address is the threshold of a dynamics block; it follows type, ratio, gain and knee of the same
-/// block as well. It shows and never writes: the value signals tell the threshold. Behind the curve is
-/// the texture of its palette's background, or the background colour. GUI thread, except process().
+/// block as well. It shows and never writes: the value signals tell the threshold. GUI thread, except
+/// process().
 class CONSOLEWIDGETS_EXPORT CCompCurve : public QWidget, public TMemProxy
 {
     Q_OBJECT
     BOUND_PARAMETER
+    /// What is behind the curve, in the upper left corner: the texture of the background in its
+    /// palette. Without one (default) it is the background colour.
+    Q_PROPERTY(QPixmap paletteBackgroundPixmap READ paletteBackgroundPixmap WRITE
+                   setPaletteBackgroundPixmap)
 
 public:
     explicit CCompCurve(QWidget *parent = nullptr, const char *name = nullptr);
     ~CCompCurve() override;
+
+    QPixmap paletteBackgroundPixmap() const;
 
     /// Background and curve, at the painter's origin.
     void repaintScreenPrimitive(QPainter &painter);
@@ -44,13 +50,13 @@ public:
 
 public Q_SLOTS:
     void process(const Q_UINT8 *data, int operation, Q_UINT32 extra) override;
+    void setPaletteBackgroundPixmap(const QPixmap &picture);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:
-    QPixmap paletteBackgroundPixmap() const;
     void tell();
 
     struct Private;

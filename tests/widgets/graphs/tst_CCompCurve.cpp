@@ -155,12 +155,16 @@ void tst_CCompCurve::standsOnItsPalettesBackground()
     QCOMPARE(curve.sizeHint(), QSize(40, 30));
     QPixmap texture(60, 50);
     texture.fill(Qt::blue);
-    QPalette palette;
-    palette.setBrush(QPalette::Window, QBrush(texture));
-    curve.setPalette(palette);
+    const QColor colour = curve.palette().color(curve.backgroundRole());
+    QVERIFY(curve.setProperty("paletteBackgroundPixmap", texture));
     QCOMPARE(curve.sizeHint(), QSize(60, 50));
     curve.resize(60, 50);
     QCOMPARE(curve.erasePixmap().toImage().pixelColor(59, 49), QColor(Qt::blue));
+    curve.resize(80, 80);
+    QCOMPARE(curve.erasePixmap().toImage().pixelColor(79, 79), colour);
+    curve.setPaletteBackgroundPixmap({});
+    QCOMPARE(curve.sizeHint(), QSize(40, 30));
+    QCOMPARE(curve.erasePixmap().toImage().pixelColor(0, 0), colour);
 }
 
 void tst_CCompCurve::backgroundFollowsSizeAndPalette()
