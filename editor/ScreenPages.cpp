@@ -50,7 +50,8 @@ ScreenPages::~ScreenPages() = default;
 
 QStringList ScreenPages::shippedForms()
 {
-    return {":/forms/channel-strips.ui", ":/forms/selected-channel.ui", ":/forms/masters.ui",
+    return {":/forms/channel-strips.ui", ":/forms/selected-channel.ui", ":/forms/dynamics.ui",
+            ":/forms/masters.ui",
             ":/forms/head-amps.ui", ":/forms/meter-bridge.ui"};
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "images/Catalogue.h"
 
+#include "images/GraphPainter.h"
 #include "images/IconPainter.h"
 #include "images/KeyPainter.h"
 #include "images/KnobGeometry.h"
@@ -114,11 +115,19 @@ struct NamedPicture
 
 constexpr QSize toolIcon(toolIconSide, toolIconSide);
 
+// Three pixels per decibel, and one: -72 to +18 dB and the pixel of the end.
+constexpr int fittedSide = 271;
+constexpr int pixelPerDecibelSide = 91;
+
 const NamedPicture pictures[] = {
     {"panel", {128, 128}, paintBrushedPanel},
     {"strip-header", {64, 24}, paintStripHeader},
     {"separator-vertical", {2, 64}, paintSeparator},
     {"separator-horizontal", {64, 2}, paintSeparator},
+    {"graph-dynamics", {fittedSide, fittedSide}, paintDynamicsGround},
+    {"graph-gate", {pixelPerDecibelSide, pixelPerDecibelSide}, paintDynamicsGround},
+    {"scale-dynamics", DynamicsScale::around(fittedSide), paintDynamicsScale},
+    {"scale-gate", DynamicsScale::around(pixelPerDecibelSide), paintDynamicsScale},
     {"icon-64", {64, 64}, paintApplicationIcon},
     {"icon-256", {256, 256}, paintApplicationIcon},
     {"undo", toolIcon, paintUndo},
