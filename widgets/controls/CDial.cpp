@@ -4,6 +4,7 @@
 #include "interfaces/utilities/NS_Utilities.h"
 #include "widgets/binding/Binding.h"
 #include "widgets/binding/BoundAccessible.h"
+#include "widgets/binding/FocusRing.h"
 #include "widgets/binding/TCacheServer.h"
 #include "widgets/controls/CDialPrivate.h"
 
@@ -259,11 +260,8 @@ void CDial::paintEvent(QPaintEvent *)
     if (!d->transparent && !d->strip.covers(size()))
         painter.fillRect(rect(), palette().brush(backgroundRole()));
     repaintScreenPrimitive(painter);
-    if (hasFocus()) {
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(d->focusColor.isValid() ? d->focusColor : palette().color(QPalette::Highlight));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
-    }
+    if (hasFocus())
+        focusring::draw(painter, *this, d->focusColor);
     shareErasePixmap();
 }
 
