@@ -6,6 +6,7 @@
 #include "images/KeyPainter.h"
 #include "images/KnobGeometry.h"
 #include "images/KnobStrip.h"
+#include "images/LampPainter.h"
 #include "images/MeterPainter.h"
 #include "images/PanelPainter.h"
 #include "widgets/meters/MeterScale.h"
@@ -128,6 +129,14 @@ const NamedPicture pictures[] = {
     {"graph-gate", {pixelPerDecibelSide, pixelPerDecibelSide}, paintDynamicsGround},
     {"scale-dynamics", DynamicsScale::around(fittedSide), paintDynamicsScale},
     {"scale-gate", DynamicsScale::around(pixelPerDecibelSide), paintDynamicsScale},
+    {"lamps-group-lit", groupLamps, paintGroupLampsLit},
+    {"lamps-group-dark", groupLamps, paintGroupLampsDark},
+    {"lamps-port-lit", portLamps, paintPortLampsLit},
+    {"lamps-port-dark", portLamps, paintPortLampsDark},
+    {"state-pair", pairStates, paintPairStates},
+    {"roll-closed", rollPanel, paintRollClosed},
+    {"roll-moving", rollPanel, paintRollMoving},
+    {"roll-open", rollPanel, paintRollOpen},
     {"icon-64", {64, 64}, paintApplicationIcon},
     {"icon-256", {256, 256}, paintApplicationIcon},
     {"undo", toolIcon, paintUndo},

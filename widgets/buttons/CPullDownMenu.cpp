@@ -19,6 +19,7 @@
 namespace {
 
 constexpr int NoneYet = -1;
+constexpr int TextIndent = 4;
 
 } // namespace
 
@@ -318,7 +319,8 @@ void CPullDownMenu::connectMemAPI()
     const binding::SilentScope silent(*this);
     takeValueOffset();
     binding::attach(*this);
-    process(nullptr, Refresh, 0);
+    // Labels that follow the menu want its text, also where that is no change.
+    process(nullptr, Refresh, 1);
 }
 
 void CPullDownMenu::disconnectMemAPI()
@@ -413,7 +415,8 @@ void CPullDownMenu::drawText(QPainter &painter)
     option.subControls = QStyle::SC_ComboBoxFrame | QStyle::SC_ComboBoxArrow;
     style()->drawComplexControl(QStyle::CC_ComboBox, &option, &painter, this);
     const QRect field = style()->subControlRect(QStyle::CC_ComboBox, &option,
-                                                QStyle::SC_ComboBoxEditField, this);
+                                                QStyle::SC_ComboBoxEditField, this)
+                            .adjusted(TextIndent, 0, 0, 0);
     const QString shown = fontMetrics().elidedText(text().simplified(), Qt::ElideRight,
                                                    field.width());
     style()->drawItemText(&painter, field, int(alignment()), palette(), isEnabled(), shown,
@@ -441,7 +444,7 @@ QSize CPullDownMenu::sizeHint() const
     QStyleOptionComboBox option;
     option.initFrom(this);
     return style()->sizeFromContents(QStyle::CT_ComboBox, &option,
-                                     {d->widestText, fontMetrics().height()}, this);
+                                     {d->widestText + TextIndent, fontMetrics().height()}, this);
 }
 
 QSize CPullDownMenu::minimumSizeHint() const
