@@ -33,6 +33,12 @@ const std::vector<Row> &rows()
         {"cross-thread-flood", "a million changes from 4 threads to 1000 dials, to the dirty list",
          1.5, 1.1, floodTime},
         {"cross-thread-lost", "dials left on an old value by 20 floods", 0, 0, floodLosses},
+        {"response-curve", "1024 points of 8 sections, to the filter reference", 1.25, 0.6,
+         responseCurve},
+        {"response-call", "one frequency of 8 sections, to the complex product", 1.1, 0.8,
+         responseCall},
+        {"response-one-band", "a knob of one of 8 bands turned, to a whole evaluation", 0.9, 0.6,
+         responseOneBand},
     };
     return all;
 }

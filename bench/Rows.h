@@ -49,3 +49,8 @@ Measurement bareDeliveryCost();
 // FloodRows.cpp
 Measurement floodTime();
 Measurement floodLosses();
+
+// ResponseRows.cpp
+Measurement responseCurve();
+Measurement responseCall();
+Measurement responseOneBand();
