@@ -72,6 +72,9 @@ public:
     /// True for a proxy that the binder serves although it has no named address of its own.
     virtual bool bindsWithoutAddress() const { return false; }
 
+    /// True for a proxy that serves many channels: the binder gives it addresses().
+    virtual bool servesChannels() const { return false; }
+
     virtual void copyParameters(QDataStream &stream, unsigned key)
     {
         process(streamData(stream), Copy, key);

@@ -64,6 +64,8 @@ bool Binder::bind(TMemProxy &proxy, int element, int elementOffset)
     enter(proxy, element);
     proxy.setElementOffset(static_cast<qint16>(elementOffset));
     setAddress(proxy, found.address);
+    if (proxy.servesChannels())
+        proxy.setAddresses(m_names.channelRanges(name));
     proxy.connectMemAPI();
     return true;
 }
@@ -117,6 +119,8 @@ void Binder::rebind(TMemProxy &proxy, int element)
         return;
     }
     setAddress(proxy, found.address);
+    if (proxy.servesChannels())
+        proxy.setAddresses(m_names.channelRanges(name));
     // A selection that no entry of a channel list serves.
     if (found.address.group < 0)
         proxy.setAttached(false);

@@ -109,6 +109,27 @@ NameIndex::Result NameIndex::resolve(const QString &names, int element) const
     return {NoSuchElement, Nowhere, {}};
 }
 
+QList<IMemAPI::TSingleAddress> NameIndex::channelRanges(const QString &names) const
+{
+    QList<IMemAPI::TSingleAddress> ranges;
+    int firstChannel = 0;
+    for (QStringView text : QStringView(names).split(u';')) {
+        text = text.trimmed();
+        const auto count = ranges.isEmpty() ? std::nullopt : leadingHex(text);
+        if (!ranges.isEmpty() && !count)
+            break;
+        const Entry entry = entryFor(count ? text.sliced(HexDigits) : text);
+        if (!entry.target)
+            break;
+        const int channels = count.value_or(entry.target->elements);
+        ranges.append({{static_cast<qint16>(entry.target->group), 0,
+                        static_cast<qint16>(entry.target->index)},
+                       static_cast<qint16>(firstChannel), static_cast<qint16>(channels)});
+        firstChannel += channels;
+    }
+    return ranges;
+}
+
 QString NameIndex::nearest(const QString &name) const
 {
     const QString wanted = entryFor(name).name;

@@ -5,17 +5,18 @@
 #include "interfaces/IMemAPI.h"
 
 #include <QHash>
+#include <QList>
 #include <QString>
 
 class ConsoleModel;
 
 /// Finds the addresses that names mean, and the names that misspelt ones may have meant.
 ///
-/// A name is `[UU]block/parameter`. UU, two upper-case hexadecimal digits, is the element; FE there, or
-/// nothing, stands for the element that the caller gives. Several names in a list, separated by ";",
-/// serve the kinds of channel one after the other, and the element given is then a channel: the first
-/// name takes the channels from 0 up to the size of its parameter, every further one is led by two
-/// more hexadecimal digits, the number of channels that it takes.
+/// A name is `[UU]block/parameter`. UU, two upper-case hexadecimal digits, is the element; FE
+/// there, or nothing, stands for the element that the caller gives. Several names in a list,
+/// separated by ";", serve the kinds of channel one after the other, and the element given is then
+/// a channel: the first name takes the channels from 0 up to the size of its parameter, every
+/// further one is led by two more hexadecimal digits, the number of channels that it takes.
 class CONSOLECOMPANIONS_EXPORT NameIndex
 {
 public:
@@ -36,6 +37,10 @@ public:
     explicit NameIndex(const ConsoleModel &model);
 
     Result resolve(const QString &names, int element) const;
+
+    /// The addresses that the names of a list stand for, each with the channels that it serves;
+    /// element 0 is the first channel's. Ends at the first name that is not known.
+    QList<IMemAPI::TSingleAddress> channelRanges(const QString &names) const;
 
     /// The known name that takes the fewest edits to reach from `name`.
     QString nearest(const QString &name) const;

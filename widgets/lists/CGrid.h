@@ -149,6 +149,7 @@ public:
     void connectMemAPI() override;
     void disconnectMemAPI() override;
     bool bindsWithoutAddress() const override { return true; }
+    bool servesChannels() const override { return true; }
     /// True while a step is recorded that the grid fills itself.
     bool autoUndoDisabled() const override;
     void writeUndo(IUndoRecord &record, int key) override;
@@ -157,7 +158,7 @@ public:
     void reset2AltDefaults(unsigned) override {}
 
 public Q_SLOTS:
-    /// `key` is a cell, row * 65536 + column.
+    /// `key` is a cell, row * 65536 + column. A refresh with key 0 does not say which cell changed.
     void process(const Q_UINT8 *data, int operation, Q_UINT32 key) override;
     void setHorCount(int rows);
     void setVerCount(int columns);
@@ -218,7 +219,8 @@ private:
     void setupAutoUpdate();
     void repaintCursor();
     void moveCursor(int columns, int rows);
-    void refreshCells(const QPoint &named);
+    enum class RefreshScope { Parameter, Everything };
+    void refreshCells(const QPoint &named, RefreshScope scope = RefreshScope::Everything);
     void paste(const Q_UINT8 *bytes);
 
     struct Private;

@@ -90,7 +90,7 @@ void CGrid::connectionChange(int row, int column, bool withUndo)
     }
     if (result < 0)
         return;
-    refreshCells({column, row});
+    refreshCells({column, row}, RefreshScope::Parameter);
     GridAccessible::announceState(*this, row, column);
     Q_EMIT patchUpdated(row, column, !click.wasConnected);
 }

@@ -98,9 +98,9 @@ void CGrid::Private::refreshLane(int lane, const QRect &cells, std::vector<QRect
     }
 }
 
-/// Asks for a paint of `named`, a cell that somebody says has changed, and of all visible cells whose
-/// values have.
-void CGrid::refreshCells(const QPoint &named)
+/// Asks for a paint of `named`, a cell that somebody says has changed, and of the visible cells whose
+/// values have: those that share its parameter, or all.
+void CGrid::refreshCells(const QPoint &named, RefreshScope scope)
 {
     const QRect cells = d->cellsIn(d->visiblePixels());
     if (cells.isEmpty())
@@ -111,8 +111,14 @@ void CGrid::refreshCells(const QPoint &named)
         return;
     std::vector<QRect> changed;
     const bool areColumns = d->lanesAreColumns();
-    const int last = areColumns ? cells.right() : cells.bottom();
-    for (int lane = areColumns ? cells.left() : cells.top(); lane <= last; ++lane)
+    int first = areColumns ? cells.left() : cells.top();
+    int last = areColumns ? cells.right() : cells.bottom();
+    if (scope == RefreshScope::Parameter) {
+        const int own = areColumns ? named.x() : named.y();
+        first = std::max(first, own);
+        last = std::min(last, own);
+    }
+    for (int lane = first; lane <= last; ++lane)
         d->refreshLane(lane, cells, changed);
     if (changed.size() > MostSingleCells)
         update();

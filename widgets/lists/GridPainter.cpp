@@ -73,48 +73,69 @@ void GridPainter::drawBalls(const QRect &cells)
 {
     if (!m_grid.grid.isEnabled())
         m_painter.setOpacity(DisabledOpacity);
-    const bool columns = m_grid.lanesAreColumns();
-    const int first = columns ? cells.left() : cells.top();
-    const int last = columns ? cells.right() : cells.bottom();
-    for (int lane = first; lane <= last; ++lane)
-        drawLane(lane, cells);
+    m_ballSize = (QSizeF(m_grid.ball.size()) / m_grid.ball.devicePixelRatio()).toSize();
+    readLanes(cells);
+    const GridStorage &storage = m_grid.storage();
+    const bool lanesAreColumns = m_grid.lanesAreColumns();
+    // Row by row, as pictures lie in memory, whatever way the lanes run.
+    for (int row = cells.top(); row <= cells.bottom(); ++row) {
+        for (int column = cells.left(); column <= cells.right(); ++column) {
+            const auto &value = lanesAreColumns ? m_values[static_cast<size_t>(column - cells.left())]
+                                                : m_values[static_cast<size_t>(row - cells.top())];
+            const int field = m_across ? row - cells.top() : column - cells.left();
+            if (value && storage.connects(*value, m_across ? column : row,
+                                          m_fields[static_cast<size_t>(field)])
+                && !isDisabled(column, row))
+                drawBall(row, column);
+        }
+    }
     m_painter.setOpacity(1);
 }
 
-void GridPainter::drawLane(int lane, const QRect &cells)
+/// What the lanes through these cells hold, and how their fields are numbered.
+void GridPainter::readLanes(const QRect &cells)
 {
-    const bool isColumn = m_grid.lanesAreColumns();
-    const int first = isColumn ? cells.top() : cells.left();
-    const int last = isColumn ? cells.bottom() : cells.right();
-    const auto at = isColumn ? m_grid.addressOf(first, lane) : m_grid.addressOf(lane, first);
+    const bool areColumns = m_grid.lanesAreColumns();
+    m_values.clear();
+    const int last = areColumns ? cells.right() : cells.bottom();
+    for (int lane = areColumns ? cells.left() : cells.top(); lane <= last; ++lane)
+        m_values.push_back(areColumns ? readLane(lane, cells.top(), cells.bottom())
+                                      : readLane(lane, cells.left(), cells.right()));
+    m_across = m_grid.orientation == CGrid::ChannelsAcross;
+    m_fields.clear();
+    const int lastField = m_across ? cells.bottom() : cells.right();
+    for (int field = m_across ? cells.top() : cells.left(); field <= lastField; ++field)
+        m_fields.push_back(m_grid.addressing.numbering.fieldToValue(field));
+}
+
+std::optional<int> GridPainter::readLane(int lane, int first, int last)
+{
+    const auto at = m_grid.lanesAreColumns() ? m_grid.addressOf(first, lane)
+                                             : m_grid.addressOf(lane, first);
     if (!at)
-        return;
+        return {};
     const quint32 bits = m_grid.laneBits(lane, first, last);
     const int value = m_grid.memory().getBitParam(*at, bits);
     std::optional<quint32> &seen = m_grid.seenValue(lane);
     if (seen && ((*seen ^ static_cast<quint32>(value)) & bits) != 0)
         seen.reset();
-    for (int cell = first; cell <= last; ++cell) {
-        const int row = isColumn ? cell : lane;
-        const int column = isColumn ? lane : cell;
-        if (m_grid.connects(value, row, column) && !isDisabled(column, row))
-            drawBall(m_grid.cellRect({column, row}));
-    }
+    return value;
 }
 
 /// What of the ball is larger than the cell is cut off.
-void GridPainter::drawBall(const QRect &cell)
+void GridPainter::drawBall(int row, int column)
 {
-    const double ratio = m_grid.ball.devicePixelRatio();
-    const QSize size = (QSizeF(m_grid.ball.size()) / ratio).toSize();
-    const QPoint corner = cell.topLeft() + QPoint((cell.width() - size.width()) / 2,
-                                                  (cell.height() - size.height()) / 2);
-    if (size.width() <= cell.width() && size.height() <= cell.height()) {
+    const QPoint begin(m_grid.columns.begin(column), m_grid.rows.begin(row));
+    const QSize size(m_grid.columns.at(column).size, m_grid.rows.at(row).size);
+    const QPoint corner = begin + QPoint((size.width() - m_ballSize.width()) / 2,
+                                         (size.height() - m_ballSize.height()) / 2);
+    if (m_ballSize.width() <= size.width() && m_ballSize.height() <= size.height()) {
         m_painter.drawPixmap(corner, m_grid.ball);
         return;
     }
-    const QRect shown = QRect(corner, size) & cell;
-    const QRectF source((shown.topLeft() - corner) * ratio, QSizeF(shown.size()) * ratio);
+    const QRect shown = QRect(corner, m_ballSize) & QRect(begin, size);
+    const double ratio = m_grid.ball.devicePixelRatio();
+    const QRectF source(QPointF(shown.topLeft() - corner) * ratio, QSizeF(shown.size()) * ratio);
     m_painter.drawPixmap(QRectF(shown), m_grid.ball, source);
 }
 

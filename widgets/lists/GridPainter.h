@@ -20,12 +20,17 @@ private:
     void drawCursor(const QRect &exposed);
     void drawLines(const QRect &exposed, const QRect &cells);
     void drawBalls(const QRect &cells);
-    void drawLane(int lane, const QRect &cells);
-    void drawBall(const QRect &cell);
+    void drawBall(int row, int column);
+    void readLanes(const QRect &cells);
+    std::optional<int> readLane(int lane, int first, int last);
     void drawKeyboardCursor(const QRect &exposed);
     bool isDisabled(int column, int row) const;
 
     CGrid::Private &m_grid;
     QPainter &m_painter;
     std::vector<QRect> m_disabled; ///< what of the disabled rectangles is among the cells drawn
+    std::vector<std::optional<int>> m_values; ///< of the lanes through them
+    std::vector<int> m_fields;                ///< the numbers of their fields
+    QSize m_ballSize;
+    bool m_across = true;
 };

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "companions/memory/NameIndex.h"
 #include "tests/companions/memory/MemoryRig.h"
 
 #include <QtTest>
@@ -17,6 +18,7 @@ class tst_NameIndex : public QObject
 private Q_SLOTS:
     void resolvesNames_data();
     void resolvesNames();
+    void givesEachNameItsChannels();
 };
 
 void tst_NameIndex::resolvesNames_data()
@@ -65,6 +67,25 @@ void tst_NameIndex::resolvesNames()
     if (rig.memory->resolve(name, element, at))
         result = QString("%1 %2 %3").arg(at.group).arg(at.index).arg(at.element);
     QCOMPARE(result, found);
+}
+
+void tst_NameIndex::givesEachNameItsChannels()
+{
+    const Rig rig;
+    const NameIndex names(rig.memory->model());
+    const auto ranges = [&names](const QString &list) {
+        QStringList texts;
+        for (const IMemAPI::TSingleAddress &each : names.channelRanges(list))
+            texts.append(QString("%1 %2 %3: %4+%5").arg(each.group).arg(each.index).arg(each.element)
+                             .arg(each.firstChannel).arg(each.channelCount));
+        return texts;
+    };
+    QCOMPARE(ranges("kPatchInInput/kPatchIn"), QStringList("400 0 0: 0+48"));
+    QCOMPARE(ranges(Groups), QStringList({"204 0 0: 0+48", "205 0 0: 48+16", "206 0 0: 64+8",
+                                          "207 0 0: 72+3"}));
+    QCOMPARE(ranges("FEkInputPair/kPair;02kNone/kPair;10FEkMixPair/kPair"),
+             QStringList("200 0 0: 0+48"));
+    QCOMPARE(ranges("kNone/kPair"), QStringList());
 }
 
 QTEST_MAIN(tst_NameIndex)
