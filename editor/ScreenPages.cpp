@@ -4,6 +4,7 @@
 #include "companions/memory/ConsoleModel.h"
 #include "companions/memory/ParameterMemory.h"
 #include "editor/BoundControls.h"
+#include "editor/OutputPatch.h"
 #include "widgets/forms/FormLoader.h"
 #include "widgets/forms/FormRepeater.h"
 
@@ -52,7 +53,8 @@ QStringList ScreenPages::shippedForms()
 {
     return {":/forms/channel-strips.ui", ":/forms/selected-channel.ui", ":/forms/dynamics.ui",
             ":/forms/masters.ui",
-            ":/forms/head-amps.ui", ":/forms/meter-bridge.ui"};
+            ":/forms/head-amps.ui", ":/forms/input-patch.ui", ":/forms/bus-patch.ui",
+            ":/forms/meter-bridge.ui"};
 }
 
 void ScreenPages::open(const QStringList &forms)
@@ -75,6 +77,7 @@ void ScreenPages::openForm(const QString &form)
     d->names << uniqueName(QFileInfo(form).completeBaseName(), d->names);
     titlePage(addTab(area, QString()));
     bindPage(root);
+    outputpatch::appendAddresses(root, d->memory);
     Q_EMIT pageAdded(area);
     const QList<QWidget *> controls = boundcontrols::inside(root);
     for (QWidget *control : controls)

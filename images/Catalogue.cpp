@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "images/Catalogue.h"
 
+#include "images/BallPainter.h"
 #include "images/GraphPainter.h"
 #include "images/IconPainter.h"
 #include "images/KeyPainter.h"
@@ -101,10 +102,10 @@ struct NamedKey
 
 // A key that the console never disables has no picture for it; nor one of its own for being held.
 const NamedKey keys[] = {
-    {"key-on", {{34, 24}, "ON", accent::green}},
-    {"key-select", {{34, 24}, "SEL", accent::amber}},
-    {"key-48v", {{40, 18}, "+48V", accent::red}},
-    {"key-pair", {{36, 20}, "PAIR", accent::blue, 2}},
+    {"key-on", {{34, 22}, "ON", accent::green}},
+    {"key-select", {{34, 22}, "SEL", accent::amber}},
+    {"key-48v", {{40, 17}, "+48V", accent::red}},
+    {"key-pair", {{33, 17}, "PAIR", accent::blue, 2}},
 };
 
 struct NamedPicture
@@ -129,6 +130,9 @@ const NamedPicture pictures[] = {
     {"graph-gate", {pixelPerDecibelSide, pixelPerDecibelSide}, paintDynamicsGround},
     {"scale-dynamics", DynamicsScale::around(fittedSide), paintDynamicsScale},
     {"scale-gate", DynamicsScale::around(pixelPerDecibelSide), paintDynamicsScale},
+    {"ball-amber", {ballSide, ballSide}, paintAmberBall},
+    {"ball-blue", {ballSide, ballSide}, paintBlueBall},
+    {"ball-green", {ballSide, ballSide}, paintGreenBall},
     {"lamps-group-lit", groupLamps, paintGroupLampsLit},
     {"lamps-group-dark", groupLamps, paintGroupLampsDark},
     {"lamps-port-lit", portLamps, paintPortLampsLit},
