@@ -21,6 +21,7 @@ constexpr int span = 90;
 constexpr int firstLine = -60;
 constexpr int lineDistance = 20;
 constexpr int lastLine = 0;
+constexpr int roomyWidth = 150;
 
 constexpr double numberHeight = 7;
 constexpr double digitWidth = 4.4;
@@ -101,13 +102,18 @@ void paintDynamicsScale(QPainter &painter, QSize size)
     const QRect free(QPoint(DynamicsScale::Left, DynamicsScale::Above), ground);
     painter.setPen(QPen(frameColour, 1));
     painter.drawRect(QRectF(free).adjusted(-0.5, -0.5, 0.5, 0.5));
-    for (int level = firstLine; level <= lastLine; level += lineDistance) {
-        const int right = placeOf(level, ground.width() - 1);
-        const int up = placeOf(level, ground.height() - 1);
-        paintNumber(painter, level, {free.left() - 15.0, free.bottom() - up + 0.5});
+    const QSize last = ground - QSize(1, 1);
+    for (int level = firstLine; level <= lastLine; level += lineDistance)
+        paintNumber(painter, level,
+                    {free.left() - 15.0, free.bottom() - placeOf(level, last.height()) + 0.5});
+    // Side by side numbers need more room than below each other.
+    const int distance = last.width() < roomyWidth ? 2 * lineDistance : lineDistance;
+    for (int level = lastLine; level >= firstLine; level -= distance) {
         // The minus sign would push the digits off their line.
         const double sign = level < 0 ? digitAdvance / 2 : 0;
-        paintNumber(painter, level, {free.left() + right + 0.5 - sign, free.bottom() + 11.0});
+        paintNumber(
+            painter, level,
+            {free.left() + placeOf(level, last.width()) + 0.5 - sign, free.bottom() + 11.0});
     }
 }
 
