@@ -46,6 +46,12 @@ Measurement deliveryCost();
 Measurement bareProducerCost();
 Measurement bareDeliveryCost();
 
+// GridRows.cpp
+Measurement gridCell();
+Measurement gridView();
+Measurement gridCursor();
+Measurement gridCache();
+
 // FloodRows.cpp
 Measurement floodTime();
 Measurement floodLosses();
