@@ -37,7 +37,7 @@ void TestShippedScreens::formsLoadWithoutProblemsAndEveryControlIsBound()
 {
     QVERIFY2(m_rig.window->pages().problems().isEmpty(),
              qPrintable(m_rig.window->pages().problems().join('\n')));
-    const QMap<QString, int> expected{{"channel-strips", 48 * 9},
+    const QMap<QString, int> expected{{"channel-strips", 48 * 14},
                                       {"selected-channel", 7 + 12 + 11 + 16},
                                       {"dynamics", 2 * 10 + 4 + 7},
                                       {"masters", 16 * 4 + 8 * 4 + 3 * 8},
@@ -84,14 +84,17 @@ void TestShippedScreens::tabWalksAStripFromTopToBottom()
 {
     QWidget *control = m_rig.control("channel-strips", "Input 3 gain");
     control->setFocus();
-    const QStringList order{"high-pass frequency", "EQ high gain",  "EQ mid gain", "EQ low gain",
-                            "send to mix 1",       "send to mix 2", "pan",         "attenuator"};
+    const QStringList order{"+48V",         "pair",          "high-pass frequency", "EQ high gain",
+                            "EQ mid gain",  "EQ low gain",   "send to mix 1",       "send to mix 2",
+                            "pan",          "link group",    "attenuator"};
     for (const QString &name : order) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QCOMPARE(QApplication::focusWidget()->accessibleName(), "Input 3 " + name);
     }
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    QCOMPARE(QApplication::focusWidget()->accessibleName(), QString("Input 4 gain"));
+    for (const char *name : {"Select input 3", "Input 3 on", "Input 4 gain"}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget()->accessibleName(), QString(name));
+    }
 }
 
 // With a title bar and menus around it, at 1280 x 800 no screen has to be scrolled up and down, and
@@ -114,7 +117,7 @@ void TestShippedScreens::screensFitTheSmallestWindow()
 QStringList TestShippedScreens::dump(QAccessibleInterface *node)
 {
     QStringList lines;
-    if (node->role() == QAccessible::Dial) {
+    if (node->role() == QAccessible::Dial || node->role() == QAccessible::CheckBox) {
         lines << QString("%1: %2").arg(node->text(QAccessible::Name),
                                        node->text(QAccessible::Value));
     }
@@ -125,15 +128,16 @@ QStringList TestShippedScreens::dump(QAccessibleInterface *node)
 
 void TestShippedScreens::accessibleTreeTellsRoleNameAndValue()
 {
-    QWidget *strip =
-        m_rig.control("channel-strips", "Input 7 gain")->parentWidget()->parentWidget();
+    QWidget *strip = m_rig.control("channel-strips", "Input 7 pan")->parentWidget()->parentWidget();
     QCOMPARE(strip->accessibleName(), QString("Input 7"));
     const QStringList expected{
-        "Input 7 gain: -10 dB",           "Input 7 high-pass frequency: 79.8 Hz",
+        "Input 7 gain: -10 dB",           "Input 7 +48V: OFF",
+        "Input 7 pair: SINGLE",           "Input 7 high-pass frequency: 79.8 Hz",
         "Input 7 EQ high gain: 0.0 dB",   "Input 7 EQ mid gain: 0.0 dB",
         "Input 7 EQ low gain: 0.0 dB",    "Input 7 send to mix 1: -\u221e",
         "Input 7 send to mix 2: -\u221e", "Input 7 pan: C",
-        "Input 7 attenuator: 0.0 dB"};
+        "Input 7 link group: A",          "Input 7 attenuator: 0.0 dB",
+        "Select input 7: CH 1",           "Input 7 on: ON"};
     QCOMPARE(dump(QAccessible::queryAccessibleInterface(strip)), expected);
 }
 
