@@ -74,6 +74,7 @@ private:
     void deliver();
     void collectCells();
     void collectRecords();
+    void putInRowOrder();
     void enqueue(ProxyRecord &record);
     void dropObserver(ProxyRecord &record, size_t number);
     void reclaim(ProxyRecord &record);

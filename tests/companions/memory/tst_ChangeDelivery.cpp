@@ -47,6 +47,7 @@ private Q_SLOTS:
     void oneCallForChangesOfSeveralRegistrations();
     void requestsAreCoalesced();
     void changesArriveInTheOrderMade();
+    void whatIsSeenIsServedInRowOrder();
     void nobodyIsWokenForValuesThatNobodyWatches();
     void aChangeMadeDuringADeliveryComesInTheNextTurn();
     void noChangeIsLostUnderFourWriters();
@@ -126,6 +127,33 @@ void tst_ChangeDelivery::changesArriveInTheOrderMade()
         rig.write(Fader, element, -5);
     rig.turn();
     QCOMPARE(order, (std::vector<int>{7, 3, 31, 0}));
+}
+
+void tst_ChangeDelivery::whatIsSeenIsServedInRowOrder()
+{
+    Rig rig;
+    QWidget window;
+    QWidget panel(&window);
+    panel.setGeometry(50, 50, 100, 100);
+    Probe lowest(Fader, &window);
+    Probe inPanel(Fader, &panel);
+    Probe right(Fader, &window);
+    Probe left(Fader, &window);
+    lowest.setGeometry(0, 90, 10, 10);
+    inPanel.setGeometry(0, 0, 10, 10);
+    right.setGeometry(80, 20, 10, 10);
+    left.setGeometry(-5, 20, 10, 10);
+    QList<Probe *> served;
+    int element = 0;
+    for (Probe *probe : {&lowest, &inPanel, &right, &left}) {
+        rig.bind(*probe, element++);
+        probe->onProcess = [&served, probe] { served << probe; };
+    }
+    window.show();
+    for (element = 0; element < 4; ++element)
+        rig.write(Fader, element, -10);
+    rig.turn();
+    QCOMPARE(served, QList<Probe *>({&left, &right, &inPanel, &lowest}));
 }
 
 void tst_ChangeDelivery::nobodyIsWokenForValuesThatNobodyWatches()
