@@ -11,12 +11,14 @@ namespace meterpage {
 
 namespace {
 
-constexpr QSize MeterSize(10, 136);
+constexpr QSize MeterSize(8, 64);
+constexpr int DialSide = 32;
 constexpr int PanelColumns = 5;
-constexpr int DialColumns = 10;
 constexpr int DialRows = 21;
-constexpr QSize PanelSize(DialColumns *knobstrip::CellSize,
-                          MeterSize.height() + 2 * knobstrip::CellSize);
+constexpr int StripColumns = 10;
+constexpr QSize StripSize(DialSide, DialSide + MeterSize.height());
+constexpr QSize PanelSize(StripColumns *StripSize.width(),
+                          StripsInPanel / StripColumns * StripSize.height());
 
 QRect panelPlace(int panel)
 {
@@ -25,17 +27,20 @@ QRect panelPlace(int panel)
         PanelSize};
 }
 
-QRect meterPlace(int meter)
+QPoint stripPlace(int strip)
 {
-    constexpr int spacing = PanelSize.width() / MetersInPanel;
-    return {QPoint(meter * spacing, 0), MeterSize};
+    return {strip % StripColumns * StripSize.width(), strip / StripColumns * StripSize.height()};
 }
 
-QRect dialPlace(int dial)
+QRect dialPlace(int strip)
 {
-    return {dial % DialColumns * knobstrip::CellSize,
-            MeterSize.height() + dial / DialColumns * knobstrip::CellSize, knobstrip::CellSize,
-            knobstrip::CellSize};
+    return {stripPlace(strip), QSize(DialSide, DialSide)};
+}
+
+QRect meterPlace(int strip)
+{
+    const QPoint below((StripSize.width() - MeterSize.width()) / 2, DialSide);
+    return {stripPlace(strip) + below, MeterSize};
 }
 
 template<typename Make>
@@ -45,10 +50,12 @@ void fill(QWidget &window, With with, const Make &make)
     for (int panel = 0; panel < Panels; ++panel) {
         auto *parent = new QWidget(&window);
         parent->setGeometry(panelPlace(panel));
-        for (int meter = 0; meter < MetersInPanel; ++meter)
-            make(parent, panel * MetersInPanel + meter, false)->setGeometry(meterPlace(meter));
-        for (int dial = 0; with == With::MetersAndDials && dial < DialsInPanel; ++dial)
-            make(parent, panel * DialsInPanel + dial, true)->setGeometry(dialPlace(dial));
+        for (int strip = 0; strip < StripsInPanel; ++strip) {
+            const int number = panel * StripsInPanel + strip;
+            if (with == With::MetersAndDials)
+                make(parent, number, true)->setGeometry(dialPlace(strip));
+            make(parent, number, false)->setGeometry(meterPlace(strip));
+        }
     }
     window.show();
     Stage::frame();
@@ -64,6 +71,11 @@ QPixmap filled(const QColor &top, const QColor &bottom)
     painter.fillRect(image.rect(), gradient);
     painter.end();
     return QPixmap::fromImage(image);
+}
+
+QPixmap dialStrip()
+{
+    return knobstrip::opaque(DialRows).scaled(DialSide, DialSide * DialRows);
 }
 
 int stepAt(int dial, int frame)
@@ -115,10 +127,12 @@ int lengthAt(int code)
         normal.sumUp();
         return normal;
     }();
-    return scale.offset(scale.indexOf(static_cast<unsigned short>(code)));
+    static const double factor = double(MeterSize.height()) / scale.fullScale();
+    return static_cast<int>(scale.offset(scale.indexOf(static_cast<unsigned short>(code)))
+                            * factor);
 }
 
-OwnPage::OwnPage(With with) : m_codes(Meters, 0)
+OwnPage::OwnPage(With with) : m_codes(Strips, 0)
 {
     load(m_memory);
     m_memory.resolve(MeterName, 0, m_meterAddress);
@@ -142,7 +156,7 @@ QWidget *OwnPage::addMeter(QWidget *panel, int number)
 
 QWidget *OwnPage::addDial(QWidget *panel, int number)
 {
-    static const QPixmap strip = knobstrip::opaque(DialRows);
+    static const QPixmap strip = dialStrip();
     auto *dial = m_dials.emplace_back(new CDial(panel));
     dial->setFocusPolicy(Qt::NoFocus);
     dial->setCombinedImage(strip);
@@ -154,7 +168,7 @@ QWidget *OwnPage::addDial(QWidget *panel, int number)
 
 void OwnPage::deliver(int number, Changing changing)
 {
-    for (int meter = 0; meter < Meters; ++meter) {
+    for (int meter = 0; meter < Strips; ++meter) {
         const bool changes = changing == Changing::All
                              || (changing == Changing::AFifth && (meter + number / 2) % 5 == 0);
         int &code = m_codes[static_cast<size_t>(meter)];
@@ -171,7 +185,8 @@ double OwnPage::frame(int number, Changing changing)
 {
     m_producer.run([&] { deliver(number, changing); });
     const double start = threadSeconds();
-    Stage::frame();
+    Stage::frame(); // delivers
+    Stage::frame(); // paints
     return threadSeconds() - start;
 }
 
@@ -191,7 +206,7 @@ QWidget *IdealPage::addMeter(QWidget *panel, int)
 
 QWidget *IdealPage::addDial(QWidget *panel, int)
 {
-    static const QPixmap strip = knobstrip::opaque(DialRows);
+    static const QPixmap strip = dialStrip();
     auto *knob = m_knobs.emplace_back(new IdealKnob(strip, DialRows, panel));
     knob->setRange(0, DialRows - 1);
     return knob;
@@ -200,14 +215,13 @@ QWidget *IdealPage::addDial(QWidget *panel, int)
 double IdealPage::frame(int number)
 {
     const double start = threadSeconds();
-    for (int panel = 0; panel < Panels; ++panel) {
-        for (int i = panel * MetersInPanel; i < (panel + 1) * MetersInPanel; ++i)
-            m_meters[static_cast<size_t>(i)]->setLength(lengthAt(codeAt(i, number)));
-        if (m_knobs.empty())
-            continue;
-        for (int i = panel * DialsInPanel; i < (panel + 1) * DialsInPanel; ++i)
-            m_knobs[static_cast<size_t>(i)]->setValue(stepAt(i, number));
+    for (int i = 0; i < Strips; ++i) {
+        const auto place = static_cast<size_t>(i);
+        if (!m_knobs.empty())
+            m_knobs[place]->setValue(stepAt(i, number));
+        m_meters[place]->setLength(lengthAt(codeAt(i, number)));
     }
+    Stage::frame();
     Stage::frame();
     return threadSeconds() - start;
 }

@@ -11,15 +11,14 @@
 #include <memory>
 #include <vector>
 
-/// A page of meters, and of dials if wanted, in panels: as many, as large and at the same places on
-/// the page of the library's controls as on that of the ideal ones.
+/// A page of channel strips in panels: a meter in each, and a dial above it if wanted. There are as
+/// many controls, as large, made in the same order and at the same places on the page of the library's
+/// controls as on that of the ideal ones.
 namespace meterpage {
 
 constexpr int Panels = 25;
-constexpr int MetersInPanel = 20;
-constexpr int DialsInPanel = 20;
-constexpr int Meters = Panels * MetersInPanel;
-constexpr int Dials = Panels * DialsInPanel;
+constexpr int StripsInPanel = 20;
+constexpr int Strips = Panels * StripsInPanel;
 
 enum class With { MetersAlone, MetersAndDials };
 /// Which meters get another reading in a frame.

@@ -76,7 +76,8 @@ Measurement meterReading()
     const auto changes = [](const char *name, const std::function<void(int)> &show) {
         return rounds::Case{name, [show, number = 0](benchmark::State &state) mutable {
                                 for (auto _ : state) {
-                                    show(codeAt(++number, number));
+                                    ++number;
+                                    show(codeAt(number, number));
                                     Stage::frame();
                                 }
                             }};
