@@ -52,9 +52,8 @@ ScreenPages::~ScreenPages() = default;
 QStringList ScreenPages::shippedForms()
 {
     return {":/forms/channel-strips.ui", ":/forms/selected-channel.ui", ":/forms/dynamics.ui",
-            ":/forms/masters.ui",
-            ":/forms/head-amps.ui", ":/forms/input-patch.ui", ":/forms/bus-patch.ui",
-            ":/forms/meter-bridge.ui"};
+            ":/forms/masters.ui",        ":/forms/head-amps.ui",        ":/forms/input-patch.ui",
+            ":/forms/bus-patch.ui",      ":/forms/meter-bridge.ui"};
 }
 
 void ScreenPages::open(const QStringList &forms)

@@ -70,7 +70,8 @@ void TestEditorProgram::screensAreDrawnAlikeEveryTime()
         QCOMPARE(made.status, 0);
     }
     const QStringList names = QDir(path("first")).entryList({"*.png"}, QDir::Files, QDir::Name);
-    QCOMPARE(names, QStringList({"channel-strips.png", "head-amps.png", "masters.png",
+    QCOMPARE(names, QStringList({"bus-patch.png", "channel-strips.png", "dynamics.png",
+                                 "head-amps.png", "input-patch.png", "masters.png",
                                  "meter-bridge.png", "selected-channel.png"}));
     for (const QString &name : names) {
         const QImage first(path("first/" + name));
