@@ -31,10 +31,20 @@ public:
         m_pixmap = pixmap;
         m_adopted = true;
     }
+    /// The one for null, the other for a pixmap.
+    void replace(const QPixmap *pixmap) { pixmap ? adopt(*pixmap) : invalidate(); }
 
     /// The picture, rendered if it is stale. With a `key` it is taken from Qt's pixmap cache, or
     /// rendered and put there.
     const QPixmap &pixmap(const QWidget &widget, const QString &key, const Paint &paint);
+
+    /// The picture of a control that shares it with none, drawn by its repaintScreenPrimitive().
+    template<class Control>
+    const QPixmap &pixmap(Control &control)
+    {
+        return pixmap(control, QString(),
+                      [&control](QPainter &painter) { control.repaintScreenPrimitive(painter); });
+    }
 
     /// Makes sure that the cache holds the picture under `key`, for the controls that share it.
     static QPixmap shared(const QWidget &widget, const QString &key, const Paint &paint);

@@ -3,8 +3,9 @@
 
 #include "widgets/binding/BoundAccessible.h"
 
-/// How a control speaks whose value is what it shows rather than the memory's text for it: a `Control`
-/// tells it by `shownText()`; while that is empty the memory's text stands. GUI thread.
+/// How a control speaks whose value is what it shows rather than what is stored: a meter, a graph, a
+/// list of names. A `Control` tells it by `shownText()`; while that is empty the memory's text stands.
+/// GUI thread.
 template<class Control>
 class ShownTextAccessible : public BoundAccessible
 {
@@ -20,12 +21,20 @@ public:
         return shown.isEmpty() ? BoundAccessible::text(kind) : shown;
     }
 
-    /// Makes controls of a class speak through an `Accessible`, which is made from the control.
+    /// Makes controls of exactly this class speak through an `Accessible`, which is made from the
+    /// control.
     template<class Accessible>
     static void install()
     {
         [[maybe_unused]] static const bool installed =
             (QAccessible::installFactory(make<Accessible>), true);
+    }
+
+    /// Makes controls of exactly this class speak in a role, without actions of their own.
+    template<QAccessible::Role Role>
+    static void install()
+    {
+        install<InRole<Role>>();
     }
 
     /// Says that the control shows something else now.
@@ -41,6 +50,9 @@ protected:
     Control &control() const { return m_control; }
 
 private:
+    template<QAccessible::Role Role>
+    struct InRole;
+
     template<class Accessible>
     static QAccessibleInterface *make(const QString &className, QObject *object)
     {
@@ -51,4 +63,11 @@ private:
     }
 
     Control &m_control;
+};
+
+template<class Control>
+template<QAccessible::Role Role>
+struct ShownTextAccessible<Control>::InRole : ShownTextAccessible<Control>
+{
+    explicit InRole(Control &control) : ShownTextAccessible<Control>(control, Role) {}
 };

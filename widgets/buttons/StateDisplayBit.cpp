@@ -16,16 +16,6 @@ namespace {
 /// As many bits as a value has.
 constexpr int MostBits = std::numeric_limits<unsigned>::digits;
 
-/// A column of lamps that says which are lit.
-class BitsAccessible : public ShownTextAccessible<StateDisplayBit>
-{
-public:
-    explicit BitsAccessible(StateDisplayBit &lamps)
-        : ShownTextAccessible(lamps, QAccessible::Indicator)
-    {
-    }
-};
-
 bool bit(unsigned bits, int number)
 {
     return number < MostBits && (bits >> number & 1U);
@@ -76,7 +66,7 @@ public:
 StateDisplayBit::StateDisplayBit(QWidget *parent, const char *)
     : QFrame(parent), d(std::make_unique<StateDisplayBit_PD>())
 {
-    BitsAccessible::install<BitsAccessible>();
+    ShownTextAccessible<StateDisplayBit>::install<QAccessible::Indicator>();
     setNumDefaultKind(0);
     setUndoEnable(false);
     setFocusPolicy(Qt::ClickFocus);
@@ -262,7 +252,7 @@ void StateDisplayBit::process(const Q_UINT8 *, int operation, Q_UINT32)
 
 void StateDisplayBit::announce()
 {
-    BitsAccessible::notify(*this);
+    ShownTextAccessible<StateDisplayBit>::notify(*this);
     if (!binding::ready(*this))
         return;
     const QPointer<StateDisplayBit> self(this);

@@ -4,10 +4,10 @@
 #include "widgets/binding/Binding.h"
 #include "widgets/binding/ErasePixmap.h"
 #include "widgets/binding/PendingEmissions.h"
+#include "widgets/binding/ShownTextAccessible.h"
 #include "widgets/graphs/BlockParameters.h"
 #include "widgets/graphs/DynamicsGraph.h"
 #include "widgets/graphs/DynamicsLaw.h"
-#include "widgets/graphs/GraphAccessible.h"
 #include "widgets/graphs/SegmentPlotter.h"
 
 #include <QPainter>
@@ -47,7 +47,7 @@ struct CCompCurve::Private
 CCompCurve::CCompCurve(QWidget *parent, const char *name)
     : QWidget(parent), d(std::make_unique<Private>())
 {
-    [[maybe_unused]] static const bool speaks = GraphAccessible<CCompCurve>::install();
+    ShownTextAccessible<CCompCurve>::install<QAccessible::Chart>();
     if (name)
         setObjectName(QLatin1String(name));
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -102,8 +102,7 @@ void CCompCurve::updateErasePixmap(QPixmap *)
 
 QPixmap CCompCurve::erasePixmap()
 {
-    return d->erase.pixmap(*this, QString(),
-                           [this](QPainter &painter) { repaintScreenPrimitive(painter); });
+    return d->erase.pixmap(*this);
 }
 
 void CCompCurve::paintEvent(QPaintEvent *)
@@ -181,7 +180,7 @@ void CCompCurve::tell()
         binding::announce(*this, threshold.value, {threshold.minimum, threshold.maximum});
 }
 
-QString CCompCurve::inWords() const
+QString CCompCurve::shownText() const
 {
     if (!binding::ready(*this) || !isAttached())
         return {};

@@ -40,7 +40,7 @@ public:
     QPixmap erasePixmap();
 
     /// Type, threshold, ratio, knee and gain as their display texts; empty while not bound.
-    QString inWords() const;
+    QString shownText() const;
 
     void connectMemAPI() override;
     void disconnectMemAPI() override;

@@ -4,9 +4,9 @@
 #include "widgets/binding/Binding.h"
 #include "widgets/binding/ErasePixmap.h"
 #include "widgets/binding/PendingEmissions.h"
+#include "widgets/binding/ShownTextAccessible.h"
 #include "widgets/graphs/BlockParameters.h"
 #include "widgets/graphs/DynamicsGraph.h"
-#include "widgets/graphs/GraphAccessible.h"
 #include "widgets/graphs/SegmentPlotter.h"
 
 #include <QPainter>
@@ -50,7 +50,7 @@ int CGateCurve::Private::output(int input) const
 CGateCurve::CGateCurve(QWidget *parent, const char *name)
     : QWidget(parent), d(std::make_unique<Private>())
 {
-    [[maybe_unused]] static const bool speaks = GraphAccessible<CGateCurve>::install();
+    ShownTextAccessible<CGateCurve>::install<QAccessible::Chart>();
     if (name)
         setObjectName(QLatin1String(name));
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -99,8 +99,7 @@ void CGateCurve::updateErasePixmap(QPixmap *)
 
 QPixmap CGateCurve::erasePixmap()
 {
-    return d->erase.pixmap(*this, QString(),
-                           [this](QPainter &painter) { repaintScreenPrimitive(painter); });
+    return d->erase.pixmap(*this);
 }
 
 void CGateCurve::pictureChanged()
@@ -170,7 +169,7 @@ void CGateCurve::tell()
         binding::announce(*this, d->threshold.value, {d->threshold.minimum, d->threshold.maximum});
 }
 
-QString CGateCurve::inWords() const
+QString CGateCurve::shownText() const
 {
     if (!binding::ready(*this) || !isAttached())
         return {};

@@ -37,7 +37,7 @@ public:
     QPixmap erasePixmap();
 
     /// Type, threshold and range as their display texts; empty while not bound.
-    QString inWords() const;
+    QString shownText() const;
 
     void connectMemAPI() override;
     void disconnectMemAPI() override;

@@ -3,8 +3,8 @@
 
 #include "interfaces/utilities/NS_Utilities.h"
 #include "widgets/binding/Binding.h"
+#include "widgets/binding/ShownTextAccessible.h"
 #include "widgets/meters/CMeterPrivate.h"
-#include "widgets/meters/MeterAccessible.h"
 #include "widgets/meters/MeterWatch.h"
 
 MeterScale CMeter::s_meterLevels = MeterScale::normal();
@@ -21,7 +21,7 @@ bool CMeter::s_meterLevels_constructed = false;
 
 CMeter::CMeter(QWidget *parent, const char *name) : QWidget(parent), d(std::make_unique<Private>())
 {
-    MeterAccessible<CMeter>::install(QAccessible::Indicator);
+    ShownTextAccessible<CMeter>::install<QAccessible::Indicator>();
     if (name)
         setObjectName(QLatin1StringView(name));
     setNumDefaultKind(0);

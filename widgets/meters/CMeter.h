@@ -107,7 +107,6 @@ protected:
 
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
     static MeterScale s_meterLevels;
     static MeterScale s_meterLevels_SIGMA;

@@ -4,7 +4,6 @@
 #include "widgets/meters/CMeterPrivate.h"
 #include "widgets/meters/MeterWatch.h"
 
-#include <QEvent>
 #include <QPainter>
 
 namespace {
@@ -73,16 +72,12 @@ void CMeter::drawLayers(QPainter &painter, const MeterBands &bands)
 
 void CMeter::updateErasePixmap(QPixmap *pixmap)
 {
-    if (pixmap)
-        d->erase.adopt(*pixmap);
-    else
-        d->erase.invalidate();
+    d->erase.replace(pixmap);
 }
 
 QPixmap CMeter::erasePixmap()
 {
-    return d->erase.pixmap(*this, {},
-                           [this](QPainter &painter) { repaintScreenPrimitive(painter); });
+    return d->erase.pixmap(*this);
 }
 
 /// The one place where a reading's picture asks for a paint.
@@ -123,13 +118,7 @@ void CMeter::polish()
 bool CMeter::event(QEvent *event)
 {
     const bool handled = QWidget::event(event);
-    switch (event->type()) {
-    case QEvent::Polish: polish(); break;
-    case QEvent::StyleChange:
-    case QEvent::ParentChange:
-    case QEvent::PaletteChange: refreshPicture(); break;
-    default: break;
-    }
+    metering::followLook(*this, *event, &CMeter::polish, &CMeter::refreshPicture);
     return handled;
 }
 
@@ -137,10 +126,4 @@ void CMeter::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     repaintScreenPrimitive(painter);
-}
-
-void CMeter::resizeEvent(QResizeEvent *event)
-{
-    QWidget::resizeEvent(event);
-    setOpacity();
 }

@@ -4,11 +4,10 @@
 #include "interfaces/utilities/NS_Utilities.h"
 #include "widgets/binding/Binding.h"
 #include "widgets/binding/ErasePixmap.h"
-#include "widgets/meters/MeterAccessible.h"
+#include "widgets/binding/ShownTextAccessible.h"
 #include "widgets/meters/MeterWatch.h"
 #include "widgets/meters/ThresholdTable.h"
 
-#include <QEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -64,7 +63,7 @@ struct CPixmapMeter::Private
 CPixmapMeter::CPixmapMeter(QWidget *parent, const char *)
     : QWidget(parent), d(std::make_unique<Private>())
 {
-    MeterAccessible<CPixmapMeter>::install(QAccessible::Indicator);
+    ShownTextAccessible<CPixmapMeter>::install<QAccessible::Indicator>();
     setNumDefaultKind(0);
     setUndoEnable(false);
 }
@@ -236,16 +235,12 @@ void CPixmapMeter::repaintScreenPrimitive(QPainter &painter)
 
 void CPixmapMeter::updateErasePixmap(QPixmap *pixmap)
 {
-    if (pixmap)
-        d->erase.adopt(*pixmap);
-    else
-        d->erase.invalidate();
+    d->erase.replace(pixmap);
 }
 
 QPixmap CPixmapMeter::erasePixmap()
 {
-    return d->erase.pixmap(*this, {},
-                           [this](QPainter &painter) { repaintScreenPrimitive(painter); });
+    return d->erase.pixmap(*this);
 }
 
 void CPixmapMeter::refreshPicture()
@@ -253,6 +248,12 @@ void CPixmapMeter::refreshPicture()
     // What the strip does not have is not drawn.
     const bool exists = d->currentImage < d->categories && d->shown < d->subImages;
     setAttribute(Qt::WA_OpaquePaintEvent, exists && metering::hides(d->strip, cellSize(), *this));
+    pictureChanged();
+}
+
+/// The one place that asks for a paint.
+void CPixmapMeter::pictureChanged()
+{
     updateErasePixmap(nullptr);
     update();
 }
@@ -260,7 +261,7 @@ void CPixmapMeter::refreshPicture()
 void CPixmapMeter::valueChange()
 {
     if (NS_Utilities::mainThreadRunning())
-        refreshPicture();
+        pictureChanged();
 }
 
 void CPixmapMeter::polish()
@@ -272,13 +273,7 @@ void CPixmapMeter::polish()
 bool CPixmapMeter::event(QEvent *event)
 {
     const bool handled = QWidget::event(event);
-    switch (event->type()) {
-    case QEvent::Polish: polish(); break;
-    case QEvent::StyleChange:
-    case QEvent::ParentChange:
-    case QEvent::PaletteChange: refreshPicture(); break;
-    default: break;
-    }
+    metering::followLook(*this, *event, &CPixmapMeter::polish, &CPixmapMeter::refreshPicture);
     return handled;
 }
 
@@ -286,12 +281,6 @@ void CPixmapMeter::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     repaintScreenPrimitive(painter);
-}
-
-void CPixmapMeter::resizeEvent(QResizeEvent *event)
-{
-    QWidget::resizeEvent(event);
-    refreshPicture();
 }
 
 // Readings --------------------------------------------------------------------------------------
@@ -357,5 +346,5 @@ void CPixmapMeter::resetMeter()
     d->levelCode = 0;
     d->incoming = 0;
     process(nullptr, Refresh, 0);
-    update();
+    pictureChanged();
 }

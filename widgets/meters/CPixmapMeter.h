@@ -97,11 +97,11 @@ protected:
 
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void showIncoming();
     void refreshPicture();
+    void pictureChanged();
     QSize cellSize() const;
 
     struct Private;

@@ -5,10 +5,9 @@
 #include "interfaces/utilities/NS_Utilities.h"
 #include "widgets/binding/Binding.h"
 #include "widgets/binding/ErasePixmap.h"
-#include "widgets/meters/MeterAccessible.h"
+#include "widgets/binding/ShownTextAccessible.h"
 #include "widgets/meters/MeterWatch.h"
 
-#include <QEvent>
 #include <QPainter>
 #include <QPointer>
 
@@ -59,7 +58,7 @@ struct CThresholdMeter::Private
 CThresholdMeter::CThresholdMeter(QWidget *parent, const char *)
     : QWidget(parent), d(std::make_unique<Private>())
 {
-    MeterAccessible<CThresholdMeter>::install(QAccessible::Indicator);
+    ShownTextAccessible<CThresholdMeter>::install<QAccessible::Indicator>();
     setNumDefaultKind(0);
     setUndoEnable(false);
     setFocusPolicy(Qt::ClickFocus);
@@ -253,22 +252,24 @@ void CThresholdMeter::repaintScreenPrimitive(QPainter &painter)
 
 void CThresholdMeter::updateErasePixmap(QPixmap *pixmap)
 {
-    if (pixmap)
-        d->erase.adopt(*pixmap);
-    else
-        d->erase.invalidate();
+    d->erase.replace(pixmap);
 }
 
 QPixmap CThresholdMeter::erasePixmap()
 {
-    return d->erase.pixmap(*this, {},
-                           [this](QPainter &painter) { repaintScreenPrimitive(painter); });
+    return d->erase.pixmap(*this);
 }
 
 void CThresholdMeter::refreshPicture()
 {
     setAttribute(Qt::WA_OpaquePaintEvent,
                  d->currentImage < d->subImages && metering::hides(d->strip, cellSize(), *this));
+    pictureChanged();
+}
+
+/// The one place that asks for a paint.
+void CThresholdMeter::pictureChanged()
+{
     updateErasePixmap(nullptr);
     update();
 }
@@ -282,13 +283,7 @@ void CThresholdMeter::polish()
 bool CThresholdMeter::event(QEvent *event)
 {
     const bool handled = QWidget::event(event);
-    switch (event->type()) {
-    case QEvent::Polish: polish(); break;
-    case QEvent::StyleChange:
-    case QEvent::ParentChange:
-    case QEvent::PaletteChange: refreshPicture(); break;
-    default: break;
-    }
+    metering::followLook(*this, *event, &CThresholdMeter::polish, &CThresholdMeter::refreshPicture);
     return handled;
 }
 
@@ -296,12 +291,6 @@ void CThresholdMeter::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     repaintScreenPrimitive(painter);
-}
-
-void CThresholdMeter::resizeEvent(QResizeEvent *event)
-{
-    QWidget::resizeEvent(event);
-    refreshPicture();
 }
 
 // Binding ---------------------------------------------------------------------------------------

@@ -97,12 +97,12 @@ protected:
 
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void subscribe();
     void unsubscribe();
     void refreshPicture();
+    void pictureChanged();
     QSize cellSize() const;
 
     struct Private;

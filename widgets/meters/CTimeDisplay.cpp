@@ -5,7 +5,7 @@
 #include "interfaces/utilities/NS_Utilities.h"
 #include "interfaces/utilities/YPainter.h"
 #include "widgets/binding/Binding.h"
-#include "widgets/meters/MeterAccessible.h"
+#include "widgets/binding/ShownTextAccessible.h"
 
 #include <QElapsedTimer>
 #include <QEvent>
@@ -92,7 +92,7 @@ CTimeDisplay::CTimeDisplay(QWidget *parent, const char *name)
     : QWidget(parent), d(std::make_unique<Private>(*this))
 {
     static_assert(std::atomic<TTimeCounterInfo>::is_always_lock_free);
-    MeterAccessible<CTimeDisplay>::install(QAccessible::Clock);
+    ShownTextAccessible<CTimeDisplay>::install<QAccessible::Clock>();
     if (name)
         setObjectName(QLatin1StringView(name));
     setNumDefaultKind(0);

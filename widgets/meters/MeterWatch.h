@@ -3,6 +3,7 @@
 
 #include "toolkit/QtTypes.h"
 
+#include <QEvent>
 #include <QPixmap>
 #include <QString>
 
@@ -26,6 +27,22 @@ void watch(Meter &meter, bool on, const char *signal, const char *slot)
 {
     meter.memAPI()->setMeterWatch(on, &meter, meter.group, meter.index, meter.element);
     meter.memAPI()->connectApiSignal(on, signal, &meter, slot);
+}
+
+/// What a meter does about an event that its base class has handled: it is polished, or what is
+/// derived from its size and palette is made anew.
+template<class Meter>
+void followLook(Meter &meter, const QEvent &event, void (Meter::*polish)(),
+                void (Meter::*refreshPicture)())
+{
+    switch (event.type()) {
+    case QEvent::Polish: (meter.*polish)(); break;
+    case QEvent::Resize:
+    case QEvent::StyleChange:
+    case QEvent::ParentChange:
+    case QEvent::PaletteChange: (meter.*refreshPicture)(); break;
+    default: break;
+    }
 }
 
 /// A level code as the display text of the meter's parameter; empty while it is not attached.
