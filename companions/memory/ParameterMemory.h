@@ -11,6 +11,7 @@
 class ConsoleModel;
 class QUndoStack;
 class QWidget;
+struct ParameterSnapshot;
 
 /// The embedded parameter memory: an IMemAPI inside the editor's process. A console model (JSON) says
 /// which parameters there are; any thread may read and write them; changes reach the bound controls
@@ -52,6 +53,14 @@ public:
 
     /// The undo history. Its indexes and texts may be shown; nothing else pushes to it.
     QUndoStack *undoStack() const;
+    /// All values. Other threads may write meanwhile: each value is whole, all are not of one moment.
+    ParameterSnapshot snapshot() const;
+    /// Brings the values of a snapshot back, held inside the bounds, as one undo step that shows as
+    /// `text`. Only what differs is written. A snapshot of another model gives its values to the
+    /// parameters of the same names; what this model lacks is skipped, what the snapshot lacks stays.
+    /// Returns how many values were written.
+    int apply(const ParameterSnapshot &snapshot, const QString &text);
+
     /// Sets a numbered preference.
     void setPreference(int number, const QVariant &value);
 

@@ -6,6 +6,7 @@
 #include "companions/memory/ConsoleService.h"
 #include "companions/memory/HeadAmpPatch.h"
 #include "companions/memory/LiveDelivery.h"
+#include "companions/memory/ParameterLayout.h"
 #include "companions/memory/ParameterMemory.h"
 #include "companions/memory/ParameterText.h"
 #include "companions/memory/UndoHistory.h"
@@ -23,6 +24,8 @@ struct ParameterMemory::Private final : UndoHistory::Parameters
         ParameterStore store{model};
         const ParameterText text{model};
         const HeadAmpPatch headAmps{names, store};
+        const std::shared_ptr<const ParameterLayout> layout =
+            std::make_shared<ParameterLayout>(model);
     };
 
     class Preferences : public IPreferences

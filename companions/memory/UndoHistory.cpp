@@ -157,9 +157,15 @@ std::unique_ptr<IUndoRecord> UndoHistory::openRecord(const QString &text)
 void UndoHistory::commit(std::unique_ptr<IUndoRecord> record)
 {
     auto *own = dynamic_cast<UndoRecord *>(record.get());
-    if (!own || own->noted.empty())
+    if (own)
+        push(own->text, std::move(own->noted));
+}
+
+void UndoHistory::push(const QString &text, std::vector<TParamInfo> replaced)
+{
+    if (replaced.empty())
         return;
     closeAll();
     const QScopedValueRollback changing(m_changingStack, true);
-    m_stack.push(new ExchangeStep(m_parameters, own->text, std::move(own->noted)));
+    m_stack.push(new ExchangeStep(m_parameters, text, std::move(replaced)));
 }

@@ -8,6 +8,7 @@
 #include <QUndoStack>
 
 #include <memory>
+#include <vector>
 
 class TMemProxyBasic;
 class UndoStep;
@@ -54,6 +55,9 @@ public:
 
     static std::unique_ptr<IUndoRecord> openRecord(const QString &text);
     void commit(std::unique_ptr<IUndoRecord> record);
+    /// Enters a step of its own: the parameters that were changed, and their values before. Without
+    /// any there is no step.
+    void push(const QString &text, std::vector<TParamInfo> replaced);
 
 private:
     friend class UndoStep;
