@@ -6,6 +6,38 @@
 
 #include <algorithm>
 
+namespace {
+
+/// One value for some channels.
+struct Setting
+{
+    const char *name;
+    int first;
+    int last;
+    int value;
+};
+
+constexpr Setting showSettings[] = {
+    {"kInputPair/kPair", 12, 15, 1},
+    {"kInputPair/kPair", 44, 47, 1},
+    {"kGroupID_Input/kGroupID", 2, 6, 1},
+    {"kGroupID_Input/kGroupID", 20, 25, 2},
+    {"kMixPair/kPair", 0, 3, 1},
+    // Thresholds in tenths of a decibel.
+    {"kInputDynamics1/kOn", 0, 11, 1},
+    {"kInputDynamics1/kThreshold", 0, 11, -450},
+    {"kInputDynamics2/kOn", 0, 31, 1},
+    {"kInputDynamics2/kThreshold", 0, 31, -240},
+    {"kMixDynamics/kOn", 0, 7, 1},
+    {"kMixDynamics/kThreshold", 0, 7, -200},
+    {"kMatrixDynamics/kOn", 0, 3, 1},
+    {"kMatrixDynamics/kThreshold", 0, 3, -200},
+    {"kStereoDynamics/kOn", 0, 0, 1},
+    {"kStereoDynamics/kThreshold", 0, 0, -160},
+};
+
+} // namespace
+
 Housekeeping::Housekeeping(ParameterMemory &memory)
     : m_memory(memory), m_patch(find("kPatchInInput/kPatchIn")),
       m_connected(find("kBackupInputHA/kHAConnected")),
@@ -21,22 +53,12 @@ Housekeeping::Housekeeping(ParameterMemory &memory)
     m_portsPerUnit = elementsOf(*ports) / m_units;
 }
 
-void Housekeeping::linkChannels()
+void Housekeeping::setUpShow()
 {
-    struct Link
-    {
-        const char *name;
-        int first;
-        int last;
-        int value;
-    };
-    for (const Link &link : {Link{"kInputPair/kPair", 12, 15, 1}, Link{"kInputPair/kPair", 44, 47, 1},
-                             Link{"kGroupID_Input/kGroupID", 2, 6, 1},
-                             Link{"kGroupID_Input/kGroupID", 20, 25, 2},
-                             Link{"kMixPair/kPair", 0, 3, 1}}) {
-        const std::optional<Address> address = find(QLatin1String(link.name));
-        for (int element = link.first; address && element <= link.last; ++element)
-            write(*address, element, link.value);
+    for (const Setting &each : showSettings) {
+        const std::optional<Address> address = find(QLatin1String(each.name));
+        for (int element = each.first; address && element <= each.last; ++element)
+            write(*address, element, each.value);
     }
 }
 

@@ -18,9 +18,9 @@ public:
     /// `memory` has its model, and outlives this.
     explicit Housekeeping(ParameterMemory &memory);
 
-    /// The links between channels that the console starts its show with: stereo instruments in pairs,
-    /// choirs in groups.
-    void linkChannels();
+    /// What the console starts its show with: stereo instruments in pairs, choirs in groups, gates and
+    /// compressors at work.
+    void setUpShow();
 
     /// Puts in order what is not. Returns how many values were changed.
     int carryOut();

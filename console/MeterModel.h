@@ -2,16 +2,17 @@
 #pragma once
 
 #include "console/Dice.h"
+#include "console/DynamicsUnit.h"
 #include "console/Programme.h"
 
 #include <vector>
 
-class ConsoleModel;
+class ParameterMemory;
 class QString;
 
 /// The readings of all meters of a console: the parameters of the model's blocks whose names end in
 /// "Meter". The meters of one element belong to one channel: its level, what its gate and its
-/// compressor take away, and the compressor's output.
+/// compressor take away by their present settings, and the compressor's output.
 ///
 /// A reading is a code of 14 bits, of which the console uses 0 to 127: 127 is full scale, or no
 /// reduction, and a code less is 0.75 dB less. Not thread-safe.
@@ -27,7 +28,8 @@ public:
         int peak;  ///< 0 to 127: the highest level of the last seconds; a reduction has none
     };
 
-    MeterModel(const ConsoleModel &model, std::uint32_t seed);
+    /// `memory` has its model, and outlives this.
+    MeterModel(const ParameterMemory &memory, std::uint32_t seed);
 
     void advance(int milliseconds);
 
@@ -44,10 +46,10 @@ private:
         int group;
         int element;
         Programme programme;
-        double gate = 0; // decibels taken away, 0 and below
-        double compressor = 0;
+        DynamicsUnit gate;
+        DynamicsUnit compressor; ///< also the only dynamics of a channel that has but one
 
-        void advance(Dice &dice, double seconds);
+        double output() const;
         double of(Source source) const;
     };
 
@@ -61,9 +63,12 @@ private:
     };
 
     static Source sourceOf(const QString &parameterName);
-    std::size_t channelFor(int group, int element);
+    std::size_t channelFor(const QString &block, int group, int element);
+    double heardBy(const DynamicsUnit &dynamics, double own) const;
+    void advance(Channel &channel, double seconds) const;
     void read(Reading &reading, Meter &meter, double seconds) const;
 
+    const ParameterMemory &m_memory;
     Dice m_dice;
     std::vector<Channel> m_channels;
     std::vector<Meter> m_meters;

@@ -32,7 +32,8 @@ constexpr std::chrono::milliseconds MostToCatchUp(200);
 struct SimulatedConsole::Private
 {
     Private(ParameterMemory &console, std::uint32_t seed)
-        : memory(console), housekeeping(console), operators(console, seed), meters(console.model(), seed + 1)
+        : memory(console), housekeeping(console), operators(console, seed),
+          meters(console, seed + 1)
     {
     }
 
@@ -213,6 +214,6 @@ void SimulatedConsole::Private::deliver()
                             reading.peak);
     operators.advance(Tick, rate);
     if (!std::exchange(showStarted, true))
-        housekeeping.linkChannels();
+        housekeeping.setUpShow();
     housekeeping.carryOut();
 }

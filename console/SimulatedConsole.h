@@ -13,8 +13,9 @@ class ParameterMemory;
 ///
 /// - The connection comes up within half a second, first the link, then the state in step.
 /// - Another operator and the hardware change parameters (OperatorModel).
-/// - It keeps in order what belongs together (Housekeeping), and starts with some channels linked.
-/// - All meters get readings 50 times a second (MeterModel).
+/// - It keeps in order what belongs together (Housekeeping), and starts with some channels linked and
+///   some dynamics at work.
+/// - All meters get readings 50 times a second, which follow the settings of the dynamics (MeterModel).
 /// - The time counter runs, 30 frames a second, and is delivered while somebody wants it.
 /// - The blink clock flashes twice a second: a step every 250 ms, lit first.
 /// - The service tick comes 50 times a second.

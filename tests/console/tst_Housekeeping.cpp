@@ -86,7 +86,7 @@ void tst_Housekeeping::inputsHearWhetherTheyHaveAHeadAmp()
 
 void tst_Housekeeping::orderNeedsNoChanges()
 {
-    m_housekeeping->linkChannels();
+    m_housekeeping->setUpShow();
     m_housekeeping->carryOut();
     QCOMPARE(m_housekeeping->carryOut(), 0);
     QCOMPARE(get("kInputPair/kPair", 12), 1);

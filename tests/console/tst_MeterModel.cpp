@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "console/MeterModel.h"
 
-#include "companions/memory/ConsoleModel.h"
+#include "companions/memory/ParameterMemory.h"
 
+#include <QTemporaryFile>
 #include <QTest>
 
 #include <algorithm>
+#include <memory>
 #include <set>
 #include <tuple>
 
@@ -14,41 +16,87 @@ namespace {
 constexpr int Tick = 20;
 constexpr int Minute = 60'000;
 
-// One channel of every kind of meter.
-constexpr char SmallModel[] = R"({
+// Two channels with every kind of meter, and their dynamics.
+constexpr char Head[] = R"({
     "name": "Small",
     "tables": [], "meterTables": [], "preferences": {},
     "blocks": [
-        {"name": "kInputFader", "group": 17, "label": "Input", "elements": 1, "parameters": [
-            {"name": "kFader", "label": "Fader", "index": 0, "min": -1380, "max": 100, "default": 0}]},
-        {"name": "kInputMeter", "group": 600, "label": "Input", "elements": 1, "parameters": [
+        {"name": "kInputFader", "group": 17, "label": "Input", "elements": 2, "parameters": [
+            {"name": "kFader", "label": "Fader", "index": 0, "min": -1380, "max": 100, "default": 0}]},)";
+constexpr char Dynamics[] = R"(
+        {"name": "%1", "group": %2, "label": "Input", "elements": 2, "parameters": [
+            {"name": "kOn", "label": "On", "index": 0, "min": 0, "max": 1, "default": 0},
+            {"name": "kType", "label": "Type", "index": 1, "min": 0, "max": 6, "default": %3},
+            {"name": "kThreshold", "label": "Threshold", "index": 9, "min": -720, "max": 0, "default": -240},
+            {"name": "kRange", "label": "Range", "index": 10, "min": -70, "max": 0, "default": -30},
+            {"name": "kAttack", "label": "Attack", "index": 11, "min": 0, "max": 120, "default": 0},
+            {"name": "kHold", "label": "Hold", "index": 12, "min": 0, "max": 215, "default": 0},
+            {"name": "kRatio", "label": "Ratio", "index": 13, "min": 0, "max": 15, "default": 5},
+            {"name": "kGain", "label": "Gain", "index": 14, "min": 0, "max": 180, "default": 0},
+            {"name": "kKnee", "label": "Knee", "index": 15, "min": 0, "max": 5, "default": 0},
+            {"name": "kDecay", "label": "Decay", "index": 16, "min": 0, "max": 159, "default": 0},
+            {"name": "kRelease", "label": "Release", "index": 17, "min": 0, "max": 159, "default": 0},
+            {"name": "kKeySource", "label": "Key", "index": 18, "min": 0, "max": 75, "default": 0}]},)";
+constexpr char Tail[] = R"(
+        {"name": "kInputMeter", "group": 600, "label": "Input", "elements": 2, "parameters": [
             {"name": "kLevel", "label": "Level", "index": 0, "min": 0, "max": 16383, "default": 0},
             {"name": "kGateReduction", "label": "Gate", "index": 1, "min": 0, "max": 16383, "default": 0},
             {"name": "kCompReduction", "label": "Comp", "index": 2, "min": 0, "max": 16383, "default": 0},
             {"name": "kCompOut", "label": "Out", "index": 3, "min": 0, "max": 16383, "default": 0}]}
     ]})";
-enum Meter { Level, Gate, Compressor, Output };
+enum Meter { Level, Gate, Compressor, Output, MeterCount };
 
-ConsoleModel smallModel()
+std::unique_ptr<ParameterMemory> smallMemory()
 {
+    const QString dynamics = QLatin1String(Dynamics);
+    QTemporaryFile file;
+    file.open();
+    file.write(Head);
+    file.write(
+        dynamics.arg(QLatin1String("kInputDynamics1"), QLatin1String("54"), QLatin1String("0"))
+            .toUtf8());
+    file.write(
+        dynamics.arg(QLatin1String("kInputDynamics2"), QLatin1String("57"), QLatin1String("2"))
+            .toUtf8());
+    file.write(Tail);
+    file.close();
+    auto memory = std::make_unique<ParameterMemory>();
     QString error;
-    auto model = ConsoleModel::parse(SmallModel, "small", &error);
-    if (!model)
+    if (!memory->load(file.fileName(), &error))
         qFatal("%s", qPrintable(error));
-    return *model;
+    return memory;
 }
 
-std::vector<std::array<MeterModel::Reading, 4>> minuteOf(unsigned seed)
+void set(ParameterMemory &memory, const char *name, int element, int value)
 {
-    const ConsoleModel model = smallModel();
-    MeterModel meters(model, seed);
-    std::vector<std::array<MeterModel::Reading, 4>> run;
+    IMemAPI::TSingleBaseAddress at;
+    if (!memory.resolve(QLatin1String(name), element, at))
+        qFatal("no %s", name);
+    memory.writeValue(at.group, at.index, element, value, 0);
+}
+
+/// The meters of one channel.
+using Readings = std::array<MeterModel::Reading, MeterCount>;
+
+std::vector<Readings> minuteOf(unsigned seed, const ParameterMemory &memory, int element = 0)
+{
+    MeterModel meters(memory, seed);
+    std::vector<Readings> run;
     for (int time = 0; time < Minute; time += Tick) {
         meters.advance(Tick);
-        const auto &now = meters.readings();
-        run.push_back({now[Level], now[Gate], now[Compressor], now[Output]});
+        Readings now;
+        for (const MeterModel::Reading &reading : meters.readings()) {
+            if (reading.element == element)
+                now[static_cast<std::size_t>(reading.index)] = reading;
+        }
+        run.push_back(now);
     }
     return run;
+}
+
+std::vector<Readings> minuteOf(unsigned seed)
+{
+    return minuteOf(seed, *smallMemory());
 }
 
 } // namespace
@@ -64,7 +112,10 @@ private Q_SLOTS:
     void theLevelComesAndGoesLikeProgramme();
     void theLevelRisesAtOnceAndFallsSteadily();
     void thePeakIsHeldAndNeverBelowTheLevel();
-    void reductionsFollowTheLevel();
+    void withoutDynamicsNothingIsTakenAway();
+    void reductionsFollowTheLevelAndTheSettings();
+    void theCompressorHearsWhatTheGateLetsThrough();
+    void aKeyIsAnotherChannelsLevel();
 };
 
 void TestMeterModel::decibelsBecomeCodes_data()
@@ -88,14 +139,14 @@ void TestMeterModel::decibelsBecomeCodes()
 
 void TestMeterModel::everyMeterOfTheConsoleHasOneReading()
 {
-    const auto model = ConsoleModel::parse(SmallModel, "small");
-    QVERIFY(model);
-    const MeterModel meters(*model, 1);
+    const auto memory = smallMemory();
+    const MeterModel meters(*memory, 1);
     std::set<std::tuple<int, int, int>> addresses;
     for (const MeterModel::Reading &reading : meters.readings())
         addresses.insert({reading.group, reading.index, reading.element});
-    const std::set<std::tuple<int, int, int>> expected{
-        {600, 0, 0}, {600, 1, 0}, {600, 2, 0}, {600, 3, 0}};
+    std::set<std::tuple<int, int, int>> expected;
+    for (int index = 0; index < MeterCount; ++index)
+        expected.insert({{600, index, 0}, {600, index, 1}});
     QCOMPARE(addresses, expected);
     QCOMPARE(meters.readings().size(), expected.size());
 }
@@ -152,24 +203,80 @@ void TestMeterModel::thePeakIsHeldAndNeverBelowTheLevel()
     }
 }
 
-void TestMeterModel::reductionsFollowTheLevel()
+void TestMeterModel::withoutDynamicsNothingIsTakenAway()
 {
-    bool gateClosed = false;
-    bool compressed = false;
-    for (const auto &readings : minuteOf(7)) {
-        const int level = readings[Level].level;
-        QCOMPARE(readings[Gate].peak, 0);
-        QCOMPARE(readings[Compressor].peak, 0);
-        gateClosed = gateClosed || readings[Gate].level < MeterModel::code(-35);
-        compressed = compressed || readings[Compressor].level < MeterModel::code(-3);
-        if (level > MeterModel::code(-18))
-            QVERIFY(readings[Compressor].level < 127);
-        if (readings[Gate].level < 100)
-            QVERIFY(level <= MeterModel::code(-48));
+    for (const Readings &now : minuteOf(7)) {
+        QCOMPARE(now[Gate].level, 127);
+        QCOMPARE(now[Compressor].level, 127);
+        QCOMPARE(now[Output].level, now[Level].level);
     }
-    QVERIFY(gateClosed);
-    QVERIFY(compressed);
 }
 
-QTEST_GUILESS_MAIN(TestMeterModel)
+void TestMeterModel::reductionsFollowTheLevelAndTheSettings()
+{
+    const auto memory = smallMemory();
+    set(*memory, "kInputDynamics1/kOn", 0, 1);
+    set(*memory, "kInputDynamics1/kThreshold", 0, -450);
+    set(*memory, "kInputDynamics2/kOn", 0, 1);
+    set(*memory, "kInputDynamics2/kGain", 0, 60);
+    int closed = 0;
+    int compressed = 0;
+    for (const Readings &now : minuteOf(7, *memory)) {
+        const int level = now[Level].level;
+        const int gate = now[Gate].level - 127;
+        const int compressor = now[Compressor].level - 127;
+        QCOMPARE(now[Gate].peak, 0);
+        QCOMPARE(now[Compressor].peak, 0);
+        if (level > MeterModel::code(-44)) {
+            QCOMPARE(gate, 0);
+            // 2:1 above -24 dB: of two codes above it one is taken, within a code.
+            const int over = std::max(0, level - MeterModel::code(-24));
+            if (level < 127)
+                QVERIFY(std::abs(compressor + over / 2) <= 1);
+            compressed += compressor < -5;
+        }
+        closed += gate == MeterModel::code(-30) - 127;
+        const int output = level + gate + compressor + 8; // 6 dB
+        if (output > 0 && output < 127 && level > 0)
+            QVERIFY(std::abs(now[Output].level - output) <= 2);
+    }
+    QVERIFY2(closed > 50, qPrintable(QString::number(closed)));
+    QVERIFY2(compressed > 50, qPrintable(QString::number(compressed)));
+}
+
+void TestMeterModel::theCompressorHearsWhatTheGateLetsThrough()
+{
+    const auto memory = smallMemory();
+    set(*memory, "kInputDynamics1/kOn", 0, 1);
+    set(*memory, "kInputDynamics1/kThreshold", 0, 0); // hardly ever open
+    set(*memory, "kInputDynamics2/kOn", 0, 1);
+    set(*memory, "kInputDynamics2/kThreshold", 0, -300);
+    for (const Readings &now : minuteOf(7, *memory)) {
+        if (now[Gate].level <= MeterModel::code(-30))
+            QCOMPARE(now[Compressor].level, 127);
+    }
+}
+
+void TestMeterModel::aKeyIsAnotherChannelsLevel()
+{
+    const auto memory = smallMemory();
+    set(*memory, "kInputDynamics1/kOn", 1, 1);
+    set(*memory, "kInputDynamics1/kType", 1, 1); // ducking
+    set(*memory, "kInputDynamics1/kKeySource", 1, 1);
+    const std::vector<Readings> keys = minuteOf(7, *memory, 0);
+    const std::vector<Readings> ducked = minuteOf(7, *memory, 1);
+    int loud = 0;
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        const int key = keys[i][Level].level;
+        const bool isLoud = key > MeterModel::code(-24) + 1;
+        loud += isLoud;
+        if (isLoud)
+            QCOMPARE(ducked[i][Gate].level, MeterModel::code(-30));
+        else if (key < MeterModel::code(-24) - 3) // far enough below to have recovered
+            QVERIFY(ducked[i][Gate].level > 120);
+    }
+    QVERIFY2(loud > 50, qPrintable(QString::number(loud)));
+}
+
+QTEST_MAIN(TestMeterModel)
 #include "tst_MeterModel.moc"
