@@ -16,6 +16,7 @@ packages=(
     qt6-tools-dev       # UiTools and Designer
     qt6-tools-dev-tools
     libgl-dev
+    libqt6sql6-sqlite   # scenes are kept in a database
     qt6-qpa-plugins     # windows under X11, and the offscreen platform of the tests
     qt6-wayland         # windows where there is only Wayland
     fonts-dejavu-core   # without a font no text is drawn
