@@ -2,6 +2,7 @@
 #pragma once
 
 #include "widgets/Export.h"
+#include "widgets/lists/CListWidgeItem.h"
 
 #include <QByteArray>
 #include <QList>
@@ -9,7 +10,6 @@
 
 #include <memory>
 
-class CListWidgeItem;
 class COnOffButton;
 
 /// A library of stored settings, one row per slot (CListWidgeItem; other rows may stand between them as
@@ -145,14 +145,24 @@ protected:
     QMimeData *mimeData(const QList<QTreeWidgetItem *> &items) const override;
     void showEvent(QShowEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
-    void focusInEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragMoveEvent(QDragMoveEvent *event) override;
     void dragLeaveEvent(QDragLeaveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
+    friend class ListKeys;
+    friend class SlotCommand;
+    friend class SlotDelegate;
+
+    void finishDrop(CListWidge *from, const CListWidgeItem::Reference &target,
+                    const Payload &payload, bool isStore);
+    void storeDropped(CListWidgeItem *target, const Payload &payload);
+    void moveDropped(const CListWidgeItem *target, const QList<int> &moved);
+    void rename(const CListWidgeItem::Reference &which, const QString &title);
+
     struct Private;
     std::unique_ptr<Private> d;
 };

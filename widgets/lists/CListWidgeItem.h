@@ -84,7 +84,8 @@ public:
     /// and not read only, with at most titleLimit() characters. Fails here.
     virtual void setTitle(const QString &text, QString &error);
     /// The slot's contents as they are now, for storeDragged() of a row of this list or of the other
-    /// one, after this slot itself may have been changed. Empty, as here: the row is not dragged.
+    /// one, after this slot itself may have been changed. Empty, as here: there is nothing to copy, and
+    /// a selection in which all are empty is not dragged.
     virtual QByteArray dragData() const;
     /// Stores what another row's dragData() gave, with undo. Fails here. `data` comes from rows of the
     /// two lists only, never from outside of the program.
