@@ -13,6 +13,10 @@ constexpr int largestSide = 16384;
 const QCommandLineOption modelOption("model", "The console model to load (JSON).", "FILE");
 const QCommandLineOption screensOption(
     "screens", "Draw every screen into a PNG file in DIR and exit; needs no display.", "DIR");
+const QCommandLineOption checkOption(
+    "check", "Look for faults in the forms and exit: with 1 if there are any, with 2 if a form cannot "
+             "be read. Needs no display.");
+const QCommandLineOption jsonOption("json", "Tell the faults that --check finds as JSON.");
 const QCommandLineOption rateOption("rate", "Simulated changes of the console per second.", "N");
 const QCommandLineOption sizeOption("size", "Size of the window, for example 1280x800.", "WxH");
 const QCommandLineOption scaleOption("scale", "Scale factor of the pictures of --screens.", "F");
@@ -60,7 +64,8 @@ EditorOptions EditorOptions::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription("Editor for a digital mixing console.");
-    parser.addOptions({modelOption, screensOption, rateOption, sizeOption, scaleOption});
+    parser.addOptions({modelOption, screensOption, checkOption, jsonOption, rateOption, sizeOption,
+                       scaleOption});
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     parser.addPositionalArgument("FORM", "Form files to open instead of the shipped screens.",
@@ -75,6 +80,10 @@ EditorOptions EditorOptions::parse(const QStringList &arguments)
     options.forms = parser.positionalArguments();
     options.model = parser.value(modelOption);
     options.screens = parser.value(screensOption);
+    options.check = parser.isSet(checkOption);
+    options.json = parser.isSet(jsonOption);
+    if (options.json && !options.check && options.error.isEmpty())
+        options.error = "--json goes with --check";
     if (parser.isSet(rateOption))
         readRate(options, parser.value(rateOption));
     if (parser.isSet(scaleOption))

@@ -14,6 +14,8 @@ struct EditorOptions
     QSize size{1280, 800};
     double scale = 1; ///< of the pictures
     int rate = 0;     ///< simulated changes per second
+    bool check = false; ///< look for faults in the forms instead of opening them
+    bool json = false;  ///< tell them as JSON
 
     QString error;  ///< one line; empty when the command line is sound
     QString answer; ///< text to print instead of starting (help, version)
@@ -21,5 +23,5 @@ struct EditorOptions
     /// `arguments` begin with the program's name.
     static EditorOptions parse(const QStringList &arguments);
 
-    bool needsDisplay() const { return screens.isEmpty() && answer.isEmpty(); }
+    bool needsDisplay() const { return screens.isEmpty() && answer.isEmpty() && !check; }
 };

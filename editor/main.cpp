@@ -3,6 +3,7 @@
 #include "console/SimulatedConsole.h"
 #include "editor/Appearance.h"
 #include "editor/EditorOptions.h"
+#include "editor/FormReport.h"
 #include "editor/MainWindow.h"
 #include "editor/ScreenPages.h"
 #include "editor/ScreenRenderer.h"
@@ -16,6 +17,7 @@ namespace {
 
 constexpr int Success = 0;
 constexpr int Failure = 1;
+constexpr int Unreadable = 2;
 
 int fail(const QString &line)
 {
@@ -65,6 +67,22 @@ int renderScreens(const EditorOptions &options, SimulatedConsole &console, MainW
     return window.pages().allOpened() ? Success : Failure;
 }
 
+int checkForms(const EditorOptions &options)
+{
+    ParameterMemory memory;
+    QString error;
+    if (!memory.load(options.model.isEmpty() ? ParameterMemory::builtInModel() : options.model, &error))
+        return fail(error);
+    // What Qt and the controls say while the forms are built is among the findings.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
+    const QStringList forms = options.forms.isEmpty() ? ScreenPages::shippedForms() : options.forms;
+    const FormReport report(forms, {&memory, &memory});
+    std::fputs(qPrintable(options.json ? report.json() : report.lines()), stdout);
+    if (report.anyUnreadable())
+        return Unreadable;
+    return report.findings().isEmpty() ? Success : Failure;
+}
+
 int runEditor(const EditorOptions &options)
 {
     ParameterMemory memory;
@@ -109,6 +127,8 @@ int main(int argc, char **argv)
         std::fputs(qPrintable(options.answer), stdout);
         return Success;
     }
+    if (options.check)
+        return checkForms(options);
     appearance::apply(application);
     return runEditor(options);
 }

@@ -12,6 +12,8 @@ namespace {
 
 constexpr int GivenElement = 0xFE;
 constexpr int HexDigits = 2;
+/// Names come from files: the edits to a name of a million letters are not worth counting.
+constexpr qsizetype LongestName = 256;
 constexpr IMemAPI::TSingleBaseAddress Nowhere{-1, -1, -1};
 
 bool isUpperHex(QChar digit)
@@ -133,6 +135,8 @@ QList<IMemAPI::TSingleAddress> NameIndex::channelRanges(const QString &names) co
 QString NameIndex::nearest(const QString &name) const
 {
     const QString wanted = entryFor(name).name;
+    if (wanted.size() > LongestName)
+        return {};
     QString nearest;
     int fewest = 0;
     for (auto known = m_targets.keyBegin(); known != m_targets.keyEnd(); ++known) {

@@ -3,6 +3,7 @@
 
 #include "interfaces/Export.h"
 #include "interfaces/IMemAPI.h"
+#include "interfaces/IParameterNames.h"
 
 #include <QHash>
 #include <QList>
@@ -20,11 +21,9 @@ class ConsoleModel;
 class CONSOLECOMPANIONS_EXPORT NameIndex
 {
 public:
-    enum Outcome {
-        Found,
-        NoSuchElement, ///< the name is known, but its parameter has no such element or channel
-        UnknownName,
-    };
+    using Outcome = IParameterNames::Outcome;
+    using enum IParameterNames::Outcome;
+
     struct Result
     {
         Outcome outcome = UnknownName;
@@ -42,7 +41,8 @@ public:
     /// element 0 is the first channel's. Ends at the first name that is not known.
     QList<IMemAPI::TSingleAddress> channelRanges(const QString &names) const;
 
-    /// The known name that takes the fewest edits to reach from `name`.
+    /// The known name that takes the fewest edits to reach from `name`; empty for one that is far
+    /// longer than any name.
     QString nearest(const QString &name) const;
     /// Empty when there is no such parameter.
     QString nameOf(int group, int index) const;

@@ -159,13 +159,18 @@ void ParameterMemory::alert(int group, int index, int element)
 
 bool ParameterMemory::resolve(const QString &name, int element, TSingleBaseAddress &address) const
 {
+    return lookUp(name, element, address) == Found;
+}
+
+IParameterNames::Outcome ParameterMemory::lookUp(const QString &name, int element,
+                                                 TSingleBaseAddress &address) const
+{
     if (!isReady())
-        return false;
+        return UnknownName;
     const NameIndex::Result found = d->loaded->names.resolve(name, element);
-    if (found.outcome != NameIndex::Found)
-        return false;
-    address = found.address;
-    return true;
+    if (found.outcome == Found)
+        address = found.address;
+    return found.outcome;
 }
 
 QString ParameterMemory::nearestName(const QString &name) const

@@ -3,6 +3,7 @@
 
 #include "interfaces/Export.h"
 #include "interfaces/IMemAPI.h"
+#include "interfaces/IParameterNames.h"
 
 #include <QObject>
 
@@ -19,7 +20,9 @@ struct ParameterSnapshot;
 ///
 /// Construct and destroy it on the GUI thread. It may die before the controls that it has bound: they
 /// then stay inert.
-class CONSOLECOMPANIONS_EXPORT ParameterMemory : public QObject, public IMemAPI
+class CONSOLECOMPANIONS_EXPORT ParameterMemory : public QObject,
+                                                 public IMemAPI,
+                                                 public IParameterNames
 {
     Q_OBJECT
 
@@ -45,8 +48,9 @@ public:
 
     /// Resolves one named address; false when it does not exist.
     bool resolve(const QString &name, int element, TSingleBaseAddress &address) const;
-    /// The known name that is most like `name`, and the name of an address ("block/parameter").
-    QString nearestName(const QString &name) const;
+    Outcome lookUp(const QString &name, int element, TSingleBaseAddress &address) const override;
+    QString nearestName(const QString &name) const override;
+    /// The name of an address ("block/parameter").
     QString nameOf(int group, int index) const;
     /// A parameter's name for people ("Input 12 Gain"), as the model gives it.
     QString labelOf(int group, int index, int element) const;

@@ -3,6 +3,9 @@
 #include <QDir>
 #include <QFile>
 #include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -18,6 +21,9 @@ private Q_SLOTS:
     void faultyFormIsToldAndTheRestIsDrawn();
     void failureIsOneLineAndStatusOne_data();
     void failureIsOneLineAndStatusOne();
+    void shippedFormsHaveNoFaults();
+    void faultsOfFormsAreToldWithAStatus_data();
+    void faultsOfFormsAreToldWithAStatus();
     void helpAndVersionNeedNoDisplay();
 
 private:
@@ -128,6 +134,7 @@ void TestEditorProgram::failureIsOneLineAndStatusOne_data()
                                   << "broken.json";
     QTest::newRow("option unknown") << QStringList("--loud") << "loud";
     QTest::newRow("scale unusable") << QStringList({"--screens", screens, "--scale", "0"}) << "0";
+    QTest::newRow("JSON of nothing") << QStringList("--json") << "--check";
     QTest::newRow("folder cannot be made") << QStringList({"--screens", file + "/in"}) << "file/in";
     QTest::newRow("no display") << QStringList() << "--screens";
 }
@@ -142,11 +149,75 @@ void TestEditorProgram::failureIsOneLineAndStatusOne()
     QVERIFY2(made.errors.constFirst().contains(tells), qPrintable(made.errors.constFirst()));
 }
 
+// The files, so that a form that no screen holds is checked, too.
+void TestEditorProgram::shippedFormsHaveNoFaults()
+{
+    QStringList forms;
+    for (const QFileInfo &form : QDir(CONSOLE_FORMS).entryInfoList({"*.ui"}))
+        forms << form.filePath();
+    QVERIFY(forms.size() > 10);
+    const Run files = run(QStringList("--check") + forms);
+    QCOMPARE(files.errors, QStringList());
+    QCOMPARE(files.output, QString("Forms checked: %1; findings: 0\n").arg(forms.size()));
+    QCOMPARE(files.status, 0);
+    QCOMPARE(run({"--check"}).status, 0);
+}
+
+void TestEditorProgram::faultsOfFormsAreToldWithAStatus_data()
+{
+    QTest::addColumn<QStringList>("forms");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QStringList>("lines");
+    QTest::addColumn<int>("findings");
+    const QString faulty =
+        write("faulty.ui", "<ui version=\"4.0\">\n<widget class=\"CDial\" name=\"gain\">\n"
+                           "<property name=\"accessibleName\"><string>Gain</string></property>\n"
+                           "<property name=\"namedAddress\"><string>kInputHA/kGian</string>"
+                           "</property>\n</widget></ui>\n");
+    const QString broken = write("broken.ui", "<ui version=\"4.0\">\n<widget");
+    const QString told = faulty
+                         + ":4: widget 'gain', property 'namedAddress': no parameter "
+                           "\"kInputHA/kGian\"; the nearest is \"kInputHA/kGain\"";
+    QTest::newRow("fault") << QStringList(faulty) << 1 << QStringList(told) << 1;
+    QTest::newRow("twice") << QStringList({faulty, faulty}) << 1 << QStringList(told) << 1;
+    QTest::newRow("unreadable, too")
+        << QStringList({faulty, broken, path("no.ui")}) << 2
+        << QStringList({told, broken + ":2: ", path("no.ui") + ": cannot be read: "}) << 3;
+}
+
+void TestEditorProgram::faultsOfFormsAreToldWithAStatus()
+{
+    QFETCH(QStringList, forms);
+    QFETCH(int, status);
+    QFETCH(QStringList, lines);
+    QFETCH(int, findings);
+    const Run text = run(QStringList("--check") + forms);
+    QCOMPARE(text.status, status);
+    QCOMPARE(text.errors, QStringList());
+    for (const QString &line : lines)
+        QVERIFY2(text.output.contains(line), qPrintable(text.output));
+    QVERIFY(text.output.endsWith(QString("; findings: %1\n").arg(findings)));
+
+    const Run made = run(QStringList({"--check", "--json"}) + forms);
+    QCOMPARE(made.status, status);
+    const QJsonObject report = QJsonDocument::fromJson(made.output.toUtf8()).object();
+    QCOMPARE(report["forms"].toInt(), forms.size());
+    QCOMPARE(report["findings"].toArray().size(), findings);
+    const QJsonObject expected{{"file", forms.constFirst()},
+                               {"line", 4},
+                               {"widget", "gain"},
+                               {"property", "namedAddress"},
+                               {"kind", "address"},
+                               {"reason", "no parameter \"kInputHA/kGian\""},
+                               {"nearest", "kInputHA/kGain"}};
+    QCOMPARE(report["findings"][0].toObject(), expected);
+}
+
 void TestEditorProgram::helpAndVersionNeedNoDisplay()
 {
     const Run help = run({"--help"});
     QCOMPARE(help.status, 0);
-    for (const char *option : {"--model", "--screens", "--rate", "--size", "--scale", "FORM"})
+    for (const char *option : {"--model", "--screens", "--check", "--json", "--rate", "--size", "--scale", "FORM"})
         QVERIFY2(help.output.contains(option), option);
     const Run version = run({"--version"});
     QCOMPARE(version.status, 0);

@@ -6,10 +6,15 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace {
 
 // The builder recurses over the elements; no form made by hand comes near this.
 constexpr int deepestNesting = 200;
+// A screen of thousands of controls takes a few megabytes.
+constexpr qint64 largestFile = 64 * 1024 * 1024;
+constexpr qsizetype mostObjects = 50'000;
 
 QString tr(const char *source)
 {
@@ -30,6 +35,14 @@ bool isValidText(const QString &kind, const QString &value)
 
 } // namespace
 
+const FormObject::Property *FormObject::property(const QString &propertyName) const
+{
+    const auto found =
+        std::find_if(properties.begin(), properties.end(),
+                     [&propertyName](const Property &each) { return each.name == propertyName; });
+    return found == properties.end() ? nullptr : &*found;
+}
+
 FormReader::FormReader(const QString &fileName)
     : m_file(fileName), m_folder(QFileInfo(fileName).absoluteDir()), m_out(&m_form.xml)
 {
@@ -37,20 +50,34 @@ FormReader::FormReader(const QString &fileName)
 
 PreparedForm FormReader::read()
 {
-    if (!m_file.open(QIODevice::ReadOnly)) {
-        m_form.problems << tr("cannot be read: %1").arg(m_file.errorString());
-        return m_form;
-    }
-    m_in.setDevice(&m_file);
-    readForm();
-    while (!m_in.atEnd())
-        m_in.readNext();
-    if (m_in.hasError()) {
-        m_form.xml.clear();
-        m_form.problems = {
-            tr("line %1: %2").arg(m_in.lineNumber()).arg(m_in.errorString().simplified())};
+    const QFileInfo info(m_file);
+    if (info.exists() && !info.isFile()) {
+        refuse(0, tr("cannot be read: it is no file"));
+    } else if (!m_file.open(QIODevice::ReadOnly)) {
+        refuse(0, tr("cannot be read: %1").arg(m_file.errorString()));
+    } else if (m_file.size() > largestFile) {
+        refuse(0, tr("is larger than %1 MiB").arg(largestFile / (1024 * 1024)));
+    } else {
+        m_in.setDevice(&m_file);
+        readForm();
+        while (!m_in.atEnd())
+            m_in.readNext();
+        if (m_in.hasError())
+            refuse(line(), m_in.errorString().simplified());
     }
     return m_form;
+}
+
+/// Nothing of the form is used.
+void FormReader::refuse(int atLine, const QString &reason)
+{
+    m_form = {};
+    FormFinding finding;
+    finding.kind = FormFinding::Unreadable;
+    finding.file = m_file.fileName();
+    finding.line = atLine;
+    finding.reason = reason;
+    m_form.findings = {finding};
 }
 
 void FormReader::readForm()
@@ -83,6 +110,7 @@ void FormReader::readElement()
         readWidget();
         return;
     }
+    readObject();
     m_out.writeStartElement(m_in.name().toString());
     m_out.writeAttributes(m_in.attributes());
     readContents();
@@ -109,9 +137,14 @@ void FormReader::readWidget()
 {
     if (++m_depth > deepestNesting)
         m_in.raiseError(tr("elements are nested too deeply"));
-    const QString name = m_in.attributes().value("name").toString();
-    m_names.insert(name);
-    m_widgets.append(name);
+    const QXmlStreamAttributes attributes = m_in.attributes();
+    FormObject widget;
+    widget.name = attributes.value("name").toString();
+    widget.className = attributes.value("class").toString();
+    widget.line = line();
+    m_names.insert(widget.name);
+    m_widgets.append(m_form.objects.size());
+    add(widget);
     m_out.writeStartElement("widget");
     m_out.writeAttributes(m_in.attributes());
     while (m_in.readNextStartElement()) {
@@ -125,8 +158,30 @@ void FormReader::readWidget()
     --m_depth;
 }
 
+// What else has a name that may be asked for: connections do.
+void FormReader::readObject()
+{
+    static const QSet<QString> named{"layout", "spacer", "action", "actiongroup", "buttongroup"};
+    if (!named.contains(m_in.name().toString()))
+        return;
+    FormObject object;
+    object.name = m_in.attributes().value("name").toString();
+    object.className = m_in.name().toString();
+    object.line = line();
+    object.isWidget = false;
+    add(object);
+}
+
+void FormReader::add(const FormObject &object)
+{
+    if (m_form.objects.size() >= mostObjects)
+        m_in.raiseError(tr("there are more than %1 objects").arg(mostObjects));
+    m_form.objects.append(object);
+}
+
 void FormReader::readProperty()
 {
+    m_propertyLine = line();
     const QXmlStreamAttributes attributes = m_in.attributes();
     const QString property = attributes.value("name").toString();
     if (attributes.value("stdset") == QLatin1StringView("0"))
@@ -134,6 +189,7 @@ void FormReader::readProperty()
     if (!m_in.readNextStartElement())
         return;
     static const QSet<QString> plain{"number", "double", "bool"};
+    static const QSet<QString> text{"string", "cstring", "enum", "set"};
     if (m_in.name() == QLatin1StringView("pixmap")) {
         readPicture(property);
     } else if (m_in.name() == QLatin1StringView("iconset")) {
@@ -143,15 +199,32 @@ void FormReader::readProperty()
     } else {
         m_out.writeStartElement("property");
         m_out.writeAttributes(attributes);
-        readElement();
+        if (text.contains(m_in.name().toString())) {
+            readText(property);
+        } else {
+            note(property, m_in.name().toString(), {});
+            readElement();
+        }
         m_out.writeEndElement();
     }
     m_in.skipCurrentElement();
 }
 
+void FormReader::readText(const QString &property)
+{
+    const QString kind = m_in.name().toString();
+    m_out.writeStartElement(kind);
+    m_out.writeAttributes(m_in.attributes());
+    const QString text = m_in.readElementText();
+    m_out.writeCharacters(text);
+    m_out.writeEndElement();
+    note(property, kind, text);
+}
+
 void FormReader::readPicture(const QString &property)
 {
     const QString file = pictureFile(property, m_in.readElementText());
+    note(property, "pixmap", file);
     if (!file.isEmpty())
         writeProperty(PreparedForm::PicturePrefix + property, "string", file);
 }
@@ -176,22 +249,26 @@ void FormReader::readPlainValue(const QString &property)
 {
     const QString kind = m_in.name().toString();
     const QString value = m_in.readElementText().trimmed();
+    note(property, kind, value);
     if (isValidText(kind, value))
         writeProperty(property, kind, value);
     else
-        report(property, tr("\"%1\" is no %2").arg(value, kind));
+        report(FormFinding::Property, property, tr("\"%1\" is no %2").arg(value, kind));
 }
 
 void FormReader::readTabStops()
 {
-    while (m_in.readNextStartElement())
-        m_tabStops << m_in.readElementText();
+    while (m_in.readNextStartElement()) {
+        const int at = line();
+        m_tabStops.append({m_in.readElementText(), at});
+    }
 }
 
 void FormReader::readConnections()
 {
     while (m_in.readNextStartElement()) {
         PreparedForm::Connection connection;
+        connection.line = line();
         while (m_in.readNextStartElement()) {
             const QString part = m_in.name().toString();
             const QString text = m_in.readElementText(QXmlStreamReader::IncludeChildElements);
@@ -211,11 +288,16 @@ void FormReader::readConnections()
 void FormReader::writeTabStops()
 {
     m_out.writeStartElement("tabstops");
-    for (const QString &name : std::as_const(m_tabStops)) {
-        if (m_names.contains(name))
+    for (const auto &[name, at] : std::as_const(m_tabStops)) {
+        if (m_names.contains(name)) {
             m_out.writeTextElement("tabstop", name);
-        else
-            m_form.problems << tr("tab stop '%1': no such widget").arg(name);
+            continue;
+        }
+        FormFinding finding;
+        finding.kind = FormFinding::Connection;
+        finding.line = at;
+        finding.reason = tr("tab stop '%1': no such widget").arg(name);
+        m_form.findings << finding;
     }
     m_out.writeEndElement();
 }
@@ -237,12 +319,24 @@ QString FormReader::pictureFile(const QString &property, const QString &name)
 {
     const QString file = picturestore::fileFor(m_folder.absoluteFilePath(name.trimmed()));
     if (file.isEmpty())
-        report(property, tr("no picture \"%1\"").arg(name.trimmed()));
+        report(FormFinding::Picture, property, tr("no picture \"%1\"").arg(name.trimmed()));
     return file;
 }
 
-void FormReader::report(const QString &property, const QString &reason)
+/// Notes what the present property of the present widget says.
+void FormReader::note(const QString &property, const QString &kind, const QString &text)
 {
-    const QString widget = m_widgets.isEmpty() ? QString() : m_widgets.last();
-    m_form.problems << tr("widget '%1', property '%2': %3").arg(widget, property, reason);
+    if (!m_widgets.isEmpty())
+        m_form.objects[m_widgets.last()].properties.append({property, kind, text, m_propertyLine});
+}
+
+void FormReader::report(FormFinding::Kind kind, const QString &property, const QString &reason)
+{
+    FormFinding finding;
+    finding.kind = kind;
+    finding.line = m_propertyLine;
+    finding.widget = m_widgets.isEmpty() ? QString() : m_form.objects.at(m_widgets.last()).name;
+    finding.property = property;
+    finding.reason = reason;
+    m_form.findings << finding;
 }

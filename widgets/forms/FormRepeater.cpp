@@ -30,16 +30,6 @@ struct FormRepeater::Private
     int spacing = 2;
 
     qint64 lastWanted() const { return qint64(firstChannel) + channels - 1; }
-    /// The last channel that there really is: the numbers come from a file.
-    int lastChannel() const { return static_cast<int>(qMin<qint64>(lastWanted(), HighestChannel)); }
-
-    QString fault() const
-    {
-        if (form.isEmpty())
-            return tr("its property 'form' is empty");
-        return lastWanted() > HighestChannel ? tr("no channels above %1").arg(HighestChannel)
-                                             : QString();
-    }
 };
 
 FormRepeater::FormRepeater(QWidget *parent, const char *name)
@@ -75,19 +65,32 @@ int FormRepeater::spacing() const
     return d->spacing;
 }
 
+QString FormRepeater::fault() const
+{
+    if (d->form.isEmpty())
+        return tr("its property 'form' is empty");
+    return d->lastWanted() > HighestChannel ? tr("no channels above %1").arg(HighestChannel)
+                                            : QString();
+}
+
+int FormRepeater::lastChannel() const
+{
+    // The numbers come from a file.
+    return static_cast<int>(qMin<qint64>(d->lastWanted(), HighestChannel));
+}
+
 void FormRepeater::fill(FormLoader &loader, const QString &holder)
 {
     qDeleteAll(findChildren<QWidget *>(Qt::FindDirectChildrenOnly));
     delete layout();
-    const QString fault = d->fault();
-    if (!fault.isEmpty())
-        loader.addProblem(tr("%1: widget '%2': %3").arg(holder, objectName(), fault));
+    if (const QString wrong = fault(); !wrong.isEmpty())
+        loader.addProblem(tr("%1: widget '%2': %3").arg(holder, objectName(), wrong));
     if (d->form.isEmpty())
         return;
     const QString file = QFileInfo(holder).absoluteDir().filePath(d->form);
     QBoxLayout *panels = newRow(this, d->orientation, 2 * d->spacing + 4);
     QBoxLayout *panel = nullptr;
-    for (int channel = d->firstChannel; channel <= d->lastChannel(); ++channel) {
+    for (int channel = d->firstChannel; channel <= lastChannel(); ++channel) {
         if ((channel - d->firstChannel) % PanelSize == 0) {
             auto *owner = new QWidget(this);
             panel = newRow(owner, d->orientation, d->spacing);

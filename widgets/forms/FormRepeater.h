@@ -35,6 +35,8 @@ public:
     static constexpr const char *ElementProperty = IMemAPI::ElementProperty;
     static constexpr int PanelSize = 8;
     static constexpr int HighestChannel = 2048;
+    /// Forms that repeat forms that repeat forms: deeper than this they contain each other.
+    static constexpr int DeepestForm = 4;
 
     explicit FormRepeater(QWidget *parent = nullptr, const char *name = nullptr);
     ~FormRepeater() override;
@@ -44,6 +46,11 @@ public:
     int channels() const;
     Qt::Orientation orientation() const;
     int spacing() const;
+
+    /// What keeps it from being filled as its properties say; empty when nothing does.
+    QString fault() const;
+    /// The last channel that there is a strip for.
+    int lastChannel() const;
 
     /// Makes the strips, in place of those that are there. `holder` is the file of the form that holds
     /// this widget. What is wrong goes into the loader's problems.

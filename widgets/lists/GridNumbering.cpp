@@ -33,6 +33,12 @@ void GridNumbering::addBitOrder(QStringView text)
     });
 }
 
+bool GridNumbering::isBitOrder(QStringView item)
+{
+    BitOrder order;
+    return readBitOrder(item, order);
+}
+
 /// False when the item is not one.
 bool GridNumbering::readBitOrder(QStringView item, BitOrder &order)
 {

@@ -30,6 +30,8 @@ public:
     /// positions of the fields from 0 on, for these channels. Positions outside 0-31 and fields without
     /// a position stand for themselves. Other items are skipped. Earlier records stay.
     void addBitOrder(QStringView text);
+    /// Whether an item of such a list is a record.
+    static bool isBitOrder(QStringView item);
     /// The bit of a field in a channel's mask. The first record with the channel counts.
     quint32 getMemApiBitMask(int channel, int field) const;
 

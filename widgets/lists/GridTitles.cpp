@@ -20,21 +20,44 @@ void GridTitles::setText(const QString &text)
     });
 }
 
-void GridTitles::addItem(QStringView item)
+struct GridTitles::Run
+{
+    QStringView name;
+    int first = 0;
+    int last = 0;
+};
+
+std::optional<GridTitles::Run> GridTitles::readRun(QStringView item)
 {
     const qsizetype mark = item.lastIndexOf(RunMark);
-    qsizetype digits = std::max<qsizetype>(mark, 0);
+    if (mark < 0)
+        return {};
+    qsizetype digits = mark;
     while (digits > 0 && item[digits - 1] >= u'0' && item[digits - 1] <= u'9')
         --digits;
     bool begins = false;
     bool ends = false;
-    const int first = mark < 0 ? 0 : item.sliced(digits, mark - digits).toInt(&begins);
-    const int last = mark < 0 ? 0 : item.sliced(mark + RunMark.size()).toInt(&ends);
-    if (!begins || !ends || last < first) {
+    const Run run{item.first(digits), item.sliced(digits, mark - digits).toInt(&begins),
+                  item.sliced(mark + RunMark.size()).toInt(&ends)};
+    if (!begins || !ends || run.last < run.first)
+        return {};
+    return run;
+}
+
+bool GridTitles::isRun(QStringView item)
+{
+    return readRun(item).has_value();
+}
+
+void GridTitles::addItem(QStringView item)
+{
+    const std::optional<Run> run = readRun(item);
+    if (!run) {
         m_titles.append(item.toString());
         return;
     }
-    const QString name = item.first(digits).toString();
-    for (qint64 number = first; number <= last && m_titles.size() < GridAxis::MostCells; ++number)
+    const QString name = run->name.toString();
+    for (qint64 number = run->first; number <= run->last && m_titles.size() < GridAxis::MostCells;
+         ++number)
         m_titles.append(name + QString::number(number));
 }
