@@ -7,11 +7,11 @@
 #include "editor/MainWindow.h"
 #include "editor/ScreenPages.h"
 #include "editor/TouchedControl.h"
+#include "testkit/Gestures.h"
 
 #include <QApplication>
 #include <QScrollArea>
 #include <QTest>
-#include <QWheelEvent>
 
 /// An editor with the shipped screens, on a console that does nothing of its own.
 struct EditorRig
@@ -57,16 +57,6 @@ struct EditorRig
         if (!memory.resolve(address, element, at))
             qFatal("no parameter %s", qPrintable(address));
         return memory.readValue(at.group, at.index, at.element, 0, 0);
-    }
-
-    /// As if from the window system: an event of a program's own would not go on to the parents.
-    static void wheel(QWidget *widget, int delta)
-    {
-        const QPointF at = widget->rect().center();
-        QWheelEvent event(at, widget->mapToGlobal(at), {}, {0, delta}, Qt::NoButton, {},
-                          Qt::NoScrollPhase, false);
-        QSpontaneKeyEvent::setSpontaneous(&event);
-        qApp->notify(widget, &event);
     }
 
     ParameterMemory memory;

@@ -126,7 +126,7 @@ void TestMainWindow::statusLineFollowsPointerFocusAndWheel()
     point();
     leave();
     QCOMPARE(status("touchedName"), QString("Input 12 pan"));
-    EditorRig::wheel(gain, 240);
+    gesture::wheel(*gain, 2);
     QCOMPARE(status("touchedName"), QString("Input 10 gain"));
     QCOMPARE(status("touchedValue"), QString("-38 dB"));
     leave();
@@ -152,7 +152,7 @@ void TestMainWindow::contextMenuActsOnItsControl()
 {
     QWidget *first = m_rig->control(Strips, "Input 1 gain");
     QWidget *second = m_rig->control(Strips, "Input 2 gain");
-    EditorRig::wheel(first, 1200);
+    gesture::wheel(*first, 10);
     const int copied = m_rig->value(Gain, 0);
     const auto open = [](QWidget *control) {
         QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5},
@@ -201,7 +201,7 @@ void TestMainWindow::pasteFitsOnlyTheSameParameter()
 void TestMainWindow::controlClickResetsToTheControlsOwnDefault()
 {
     QWidget *pan = m_rig->control(Strips, "Input 5 pan");
-    EditorRig::wheel(pan, 1200);
+    gesture::wheel(*pan, 10);
     QVERIFY(m_rig->value("kInputPan/kPan", 4) != 0);
     QTest::mouseClick(pan, Qt::LeftButton, Qt::ControlModifier);
     QCOMPARE(m_rig->value("kInputPan/kPan", 4), 0);
@@ -225,12 +225,12 @@ void TestMainWindow::channelChooserRebindsTheSelectedChannel()
     auto *chooser = m_rig->window->findChild<QSpinBox *>("channelNumber");
     QVERIFY(chooser->isVisible());
     QCOMPARE(chooser->maximum(), 48);
-    EditorRig::wheel(gain, 240);
+    gesture::wheel(*gain, 2);
     QCOMPARE(m_rig->value(Gain, 0), -8);
 
     chooser->setValue(20);
     QCOMPARE(static_cast<CDial *>(gain)->value(), -10);
-    EditorRig::wheel(gain, -240);
+    gesture::wheel(*gain, -2);
     QCOMPARE(m_rig->value(Gain, 19), -12);
     QCOMPARE(m_rig->value(Gain, 0), -8);
     QVERIFY(m_rig->window->pages().tabText(1).endsWith("20"));

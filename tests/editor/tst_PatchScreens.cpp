@@ -134,7 +134,7 @@ void TestPatchScreens::theWheelAndCtrlClickDoNotReset()
     CGrid *patch = grid("input-patch", "Input patch");
     QTest::mousePress(patch, Qt::LeftButton, Qt::ControlModifier, centre(patch, 7, 30));
     QTest::mouseRelease(patch, Qt::LeftButton, Qt::ControlModifier, centre(patch, 9, 30));
-    EditorRig::wheel(patch, -120);
+    gesture::wheel(*patch, -1);
     QCOMPARE(stack().count(), 0);
 }
 

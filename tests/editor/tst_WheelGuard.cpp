@@ -39,30 +39,30 @@ void TestWheelGuard::init()
 
 void TestWheelGuard::wheelOverAControlTurnsIt()
 {
-    EditorRig::wheel(m_gain, 120);
+    gesture::wheel(*m_gain, 1);
     QCOMPARE(gainOf(6), -9);
     QCOMPARE(m_bar->value(), 0);
 }
 
 void TestWheelGuard::wheelOverThePageScrollsSideways()
 {
-    EditorRig::wheel(m_plain, -120);
+    gesture::wheel(*m_plain, -1);
     const int scrolled = m_bar->value();
     QVERIFY(scrolled > 0);
-    EditorRig::wheel(m_plain, -120);
+    gesture::wheel(*m_plain, -1);
     QCOMPARE(m_bar->value(), 2 * scrolled);
-    EditorRig::wheel(m_plain, 120);
+    gesture::wheel(*m_plain, 1);
     QCOMPARE(m_bar->value(), scrolled);
 }
 
 void TestWheelGuard::scrollThatBeganOverThePageNeverEdits()
 {
-    EditorRig::wheel(m_plain, -120);
+    gesture::wheel(*m_plain, -1);
     const int step = m_bar->value();
     // Events keep it going for longer than one hold.
     for (int count = 2; count <= 6; ++count) {
         QTest::qWait(WheelGuard::HoldMilliseconds / 4);
-        EditorRig::wheel(m_gain, -120);
+        gesture::wheel(*m_gain, -1);
         QCOMPARE(m_bar->value(), count * step);
     }
     QCOMPARE(gainOf(6), -10);
@@ -71,18 +71,18 @@ void TestWheelGuard::scrollThatBeganOverThePageNeverEdits()
 void TestWheelGuard::atTheEndOfThePageTheScrollStillDoesNotEdit()
 {
     m_bar->setValue(m_bar->maximum());
-    EditorRig::wheel(m_plain, -120);
-    EditorRig::wheel(m_gain, -120);
+    gesture::wheel(*m_plain, -1);
+    gesture::wheel(*m_gain, -1);
     QCOMPARE(m_bar->value(), m_bar->maximum());
     QCOMPARE(gainOf(6), -10);
 }
 
 void TestWheelGuard::afterARestTheWheelEditsAgain()
 {
-    EditorRig::wheel(m_plain, -120);
+    gesture::wheel(*m_plain, -1);
     const int scrolled = m_bar->value();
     QTest::qWait(WheelGuard::HoldMilliseconds + 50);
-    EditorRig::wheel(m_gain, -120);
+    gesture::wheel(*m_gain, -1);
     QCOMPARE(gainOf(6), -11);
     QCOMPARE(m_bar->value(), scrolled);
 }
@@ -90,8 +90,8 @@ void TestWheelGuard::afterARestTheWheelEditsAgain()
 void TestWheelGuard::pageThatFitsLeavesTheWheelToItsControls()
 {
     QWidget *level = m_rig->control("masters", "Mix 1 level");
-    EditorRig::wheel(level->parentWidget(), -120);
-    EditorRig::wheel(level, 120);
+    gesture::wheel(*level->parentWidget(), -1);
+    gesture::wheel(*level, 1);
     QCOMPARE(m_rig->value("kMixFader/kFader", 0), -1379);
 }
 

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "tests/support/RecordingMemory.h"
-#include "tests/support/TestStrip.h"
+#include "testkit/Gestures.h"
+#include "testkit/RecordingMemory.h"
+#include "testkit/TestStrip.h"
 #include "widgets/controls/CDial.h"
 
 #include <QSignalSpy>
 #include <QTest>
-
-#include <cmath>
 
 /// A dial in a window, bound to parameter (3, 7, 2) of a recording memory, with 10 pictures.
 struct DialRig
@@ -44,31 +43,24 @@ struct DialRig
     RecordingMemory::Parameter &parameter() { return memory.at(Group, Index, Element); }
     QStringList writes() { return memory.take({QStringLiteral("writeValue")}); }
 
-    /// The point at `degrees` clockwise from twelve o'clock around the dial's centre.
     QPoint around(double degrees, double radius = 40) const
     {
-        const double angle = degrees * std::acos(-1.0) / 180;
-        return QPointF(50 + radius * std::sin(angle), 50 - radius * std::cos(angle)).toPoint();
+        return gesture::around(dial, degrees, radius);
     }
     void press(const QPoint &at, Qt::MouseButton button = Qt::LeftButton,
                Qt::KeyboardModifiers modifiers = {})
     {
-        QTest::mousePress(&dial, button, modifiers, at);
+        gesture::press(dial, at, button, modifiers);
     }
     void moveTo(const QPointF &at, Qt::MouseButtons buttons = Qt::LeftButton)
     {
-        QMouseEvent event(QEvent::MouseMove, at, dial.mapToGlobal(at), Qt::NoButton, buttons, {});
-        QApplication::sendEvent(&dial, &event);
+        gesture::moveTo(dial, at, buttons);
     }
-    void release(const QPoint &at) { QTest::mouseRelease(&dial, Qt::LeftButton, {}, at); }
-    /// A drag along the circle in steps of 5 degrees.
+    void release(const QPoint &at) { gesture::release(dial, at); }
+    /// The button stays held.
     void dragAround(double from, double to)
     {
-        press(around(from));
-        const double step = to > from ? 5 : -5;
-        for (double angle = from; step > 0 ? angle < to : angle > to; angle += step)
-            moveTo(around(angle));
-        moveTo(around(to));
+        gesture::dragAround(dial, from, to, gesture::KeepHeld);
     }
 
     RecordingMemory memory;

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "interfaces/CSimpleNotifier.h"
-#include "tests/support/RecordingMemory.h"
+#include "testkit/Gestures.h"
+#include "testkit/RecordingMemory.h"
 #include "widgets/lists/CGrid.h"
 
 #include <QApplication>
@@ -108,8 +109,7 @@ struct GridRig
     }
     void moveTo(const QPoint &point, Qt::MouseButtons buttons = Qt::NoButton)
     {
-        QMouseEvent event(QEvent::MouseMove, point, grid.mapToGlobal(point), Qt::NoButton, buttons, {});
-        QApplication::sendEvent(&grid, &event);
+        gesture::moveTo(grid, point, buttons);
     }
     QColor pixel(int row, int column)
     {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "interfaces/utilities/NS_Utilities.h"
-#include "tests/support/TestStrip.h"
+#include "testkit/TestStrip.h"
 
 #include <QWidget>
 

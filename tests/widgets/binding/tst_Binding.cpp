@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // What the binding verbs promise to every control, beside what the controls' own tests see of them.
 #include "interfaces/ParameterAddress.h"
-#include "tests/support/RecordingMemory.h"
-#include "tests/support/TestStrip.h"
+#include "testkit/RecordingMemory.h"
+#include "testkit/TestStrip.h"
 #include "widgets/binding/Binding.h"
 #include "widgets/binding/ErasePixmap.h"
 #include "widgets/binding/ImageStrip.h"

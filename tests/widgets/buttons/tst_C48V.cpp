@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interfaces/CSimpleNotifier.h"
 #include "tests/support/PatchRig.h"
-#include "tests/support/RecordingMemory.h"
+#include "testkit/RecordingMemory.h"
 #include "widgets/buttons/C48V.h"
 #include "widgets/controls/C48VDial.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interfaces/CSimpleNotifier.h"
 #include "tests/support/KeyStrip.h"
-#include "tests/support/RecordingMemory.h"
+#include "testkit/RecordingMemory.h"
 #include "widgets/binding/TCacheServer.h"
 #include "widgets/buttons/COnOffButton.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/RecordingMemory.h"
-#include "tests/support/TestStrip.h"
+#include "testkit/RecordingMemory.h"
+#include "testkit/TestStrip.h"
 #include "widgets/buttons/CMenuObject.h"
 #include "widgets/buttons/CPullDownMenu.h"
 

@@ -2,7 +2,7 @@
 #include "companions/memory/ParameterMemory.h"
 #include "interfaces/CSimpleNotifier.h"
 #include "tests/support/KeyStrip.h"
-#include "tests/support/RecordingMemory.h"
+#include "testkit/RecordingMemory.h"
 #include "widgets/buttons/CSelectButton.h"
 
 #include <QAccessible>

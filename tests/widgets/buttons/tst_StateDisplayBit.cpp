@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/PaintWatch.h"
-#include "tests/support/RecordingMemory.h"
+#include "testkit/RecordingMemory.h"
 #include "widgets/buttons/StateDisplayBit.h"
 
 #include <QAccessible>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/PaintWatch.h"
-#include "tests/support/RecordingMemory.h"
-#include "tests/support/TestStrip.h"
+#include "testkit/RecordingMemory.h"
+#include "testkit/TestStrip.h"
 #include "widgets/binding/TCacheServer.h"
 #include "widgets/buttons/StateDisplayWidget.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What keeps the dial fast, counted instead of timed: paints, allocations, renderings, deliveries.
 #include "companions/memory/ParameterMemory.h"
-#include "tests/support/TestStrip.h"
+#include "testkit/TestStrip.h"
 #include "widgets/binding/TCacheServer.h"
 #include "widgets/controls/CDial.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The picture meter: which picture a reading selects, from which part of the strip it is cut.
 #include "tests/support/MeterRig.h"
-#include "tests/support/TestStrip.h"
+#include "testkit/TestStrip.h"
 #include "widgets/meters/CPixmapMeter.h"
 
 #include <thread>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The threshold lamp: its states, what switches it off, what it subscribes to.
 #include "tests/support/MeterRig.h"
-#include "tests/support/TestStrip.h"
+#include "testkit/TestStrip.h"
 #include "widgets/meters/CThresholdMeter.h"
 
 #include <QAccessible>

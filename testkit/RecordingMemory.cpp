@@ -1,19 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/RecordingMemory.h"
+#include "testkit/RecordingMemory.h"
 
 #include "interfaces/CSimpleNotifier.h"
+#include "testkit/CallNote.h"
 
-namespace {
-
-template <class... Numbers>
-QString line(const char *what, Numbers... numbers)
-{
-    QStringList words{QString::fromLatin1(what)};
-    (words.append(QString::number(numbers)), ...);
-    return words.join(u' ');
-}
-
-} // namespace
+using callnote::line;
 
 RecordingMemory::~RecordingMemory()
 {
@@ -45,9 +36,14 @@ void RecordingMemory::bind(TMemProxy &proxy, int group, int index, int element, 
     proxy.setElementOffset(qint16(offset));
     proxy.setMemAPI(this);
     proxy.setAttached(true);
-    if (!m_bound.contains(&proxy))
-        m_bound.append(&proxy);
+    remember(&proxy);
     proxy.connectMemAPI();
+}
+
+void RecordingMemory::remember(TMemProxy *proxy)
+{
+    if (proxy && !m_bound.contains(proxy))
+        m_bound.append(proxy);
 }
 
 QStringList RecordingMemory::take()
@@ -57,16 +53,7 @@ QStringList RecordingMemory::take()
 
 QStringList RecordingMemory::take(const QStringList &words)
 {
-    QStringList calls;
-    for (const QString &call : take()) {
-        for (const QString &word : words) {
-            if (call.startsWith(word)) {
-                calls.append(call);
-                break;
-            }
-        }
-    }
-    return calls;
+    return callnote::filter(take(), words);
 }
 
 void RecordingMemory::note(const QString &call) const
@@ -74,8 +61,9 @@ void RecordingMemory::note(const QString &call) const
     m_calls.append(call);
 }
 
-void RecordingMemory::attachProxy(TMemProxyBasic *, quint32 packed, int reserved)
+void RecordingMemory::attachProxy(TMemProxyBasic *proxy, quint32 packed, int reserved)
 {
+    remember(dynamic_cast<TMemProxy *>(proxy));
     note(line("attachProxy", packed, reserved));
 }
 
@@ -135,8 +123,7 @@ int RecordingMemory::readDefault(int group, int index, int element, bool alterna
 
 int RecordingMemory::writeValue(int group, int index, int element, int value, int undoToken)
 {
-    note(line("writeValue", group, index, element) + line(" =", value)
-         + line(" token", undoToken));
+    note(callnote::write(group, index, element, value, undoToken));
     Parameter &parameter = at(group, index, element);
     parameter.value = qBound(parameter.minimum, value, parameter.maximum);
     return Ok;
