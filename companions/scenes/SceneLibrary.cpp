@@ -13,11 +13,11 @@ namespace {
 /// How to take back what was last done to a slot.
 struct UndoState
 {
-    enum Kind { Contents, Protection };
+    enum Kind { Contents, Protection, Title };
 
     Kind kind = Contents;
-    std::optional<SceneRecord> before; ///< for Contents; nothing: the slot was empty
-    bool wasProtected = false;         ///< for Protection
+    SceneInfo before;
+    std::optional<SceneRecord> contents; ///< for Contents; nothing: the slot was empty
 };
 
 /// "#012".
@@ -79,15 +79,17 @@ struct SceneLibrary::Private
     bool command(QString *error, const std::function<void()> &steps);
     void requireOpen() const;
 
-    SceneRecord readWhole(int slot) const;
-    void noteContents(int slot) { noted[slot] = {UndoState::Contents, table.read(slot), false}; }
+    void noteContents(int slot) { noted[slot] = {UndoState::Contents, {}, table.read(slot)}; }
+    void put(int slot, const SceneInfo &info, const ParameterSnapshot &snapshot);
     void takeBack(int slot, const UndoState &state);
+    void noteMove(const QHash<int, int> &slotAfter);
 
     SceneFile file;
     SceneTable table{file};
     std::map<int, SceneInfo> scenes; ///< of the slots that are not empty
     std::map<int, UndoState> undo;
     std::map<int, UndoState> noted; ///< by the command that is running
+    QHash<int, int> movedFrom;      ///< where the scenes were before they were moved, by slot
     QString whyClosed = QStringLiteral("There is no scene library.");
 };
 
@@ -123,16 +125,18 @@ bool SceneLibrary::Private::command(QString *error, const std::function<void()> 
         scenes.swap(listed);
         for (auto &[slot, state] : noted)
             undo[slot] = std::move(state);
+        if (!noted.empty())
+            movedFrom.clear();
     });
 }
 
-SceneRecord SceneLibrary::Private::readWhole(int slot) const
+void SceneLibrary::Private::put(int slot, const SceneInfo &info, const ParameterSnapshot &snapshot)
 {
-    std::optional<SceneRecord> record = table.read(slot);
-    requireData(record ? record->info : SceneInfo(), slot);
-    if (!table.snapshot(*record))
-        refuse(QStringLiteral("Scene %1 is damaged.").arg(numberOf(slot)));
-    return *std::move(record);
+    if (!snapshot.isWhole())
+        refuse(QStringLiteral("There are no settings to store."));
+    requireChangeable(table.info(slot), slot);
+    noteContents(slot);
+    table.put(slot, table.record(info, snapshot));
 }
 
 void SceneLibrary::Private::takeBack(int slot, const UndoState &state)
@@ -140,14 +144,25 @@ void SceneLibrary::Private::takeBack(int slot, const UndoState &state)
     const SceneInfo now = table.info(slot);
     if (state.kind == UndoState::Protection) {
         requireNotReadOnly(now, slot);
-        table.setProtected(slot, state.wasProtected);
+        table.setProtected(slot, state.before.isProtected);
         return;
     }
     requireChangeable(now, slot);
-    if (state.before)
-        table.put(slot, *state.before);
+    if (state.kind == UndoState::Title)
+        table.setTitle(slot, state.before.title);
+    else if (state.contents)
+        table.put(slot, *state.contents);
     else
         table.remove(slot);
+}
+
+void SceneLibrary::Private::noteMove(const QHash<int, int> &slotAfter)
+{
+    const QHash<int, int> earlier = movedFrom;
+    for (auto each = slotAfter.begin(); each != slotAfter.end(); ++each) {
+        movedFrom[each.value()] = earlier.value(each.key(), each.key());
+        undo.erase(each.key());
+    }
 }
 
 SceneLibrary::SceneLibrary() : d(std::make_unique<Private>()) {}
@@ -176,6 +191,7 @@ void SceneLibrary::close()
     d->table.forgetLayouts();
     d->scenes.clear();
     d->undo.clear();
+    d->movedFrom.clear();
     d->whyClosed = QStringLiteral("There is no scene library.");
 }
 
@@ -220,6 +236,7 @@ bool SceneLibrary::refresh()
         d->scenes = d->table.list();
         // They are about what is no longer there.
         d->undo.clear();
+        d->movedFrom.clear();
         changed = true;
     });
     return changed;
@@ -231,27 +248,42 @@ bool SceneLibrary::store(int slot, const ParameterSnapshot &snapshot, QString *e
 {
     return d->command(error, [&] {
         requireSlot(slot);
-        if (!snapshot.isWhole())
-            refuse(QStringLiteral("There are no settings to store."));
         SceneInfo info = d->table.info(slot);
-        requireChangeable(info, slot);
-        d->noteContents(slot);
         if (!info.hasData)
             info.title = QStringLiteral("Scene %1").arg(slot, 3, 10, QLatin1Char('0'));
         info.stored = QDateTime::currentDateTimeUtc();
-        d->table.put(slot, d->table.record(info, snapshot));
+        d->put(slot, info, snapshot);
     });
 }
 
 std::optional<ParameterSnapshot> SceneLibrary::recall(int slot, QString *error)
 {
-    std::optional<ParameterSnapshot> snapshot;
+    std::optional<Scene> scene = read(slot, error);
+    return scene ? std::optional(std::move(scene->snapshot)) : std::nullopt;
+}
+
+std::optional<SceneLibrary::Scene> SceneLibrary::read(int slot, QString *error)
+{
+    std::optional<Scene> scene;
     Private::attempt(error, [&] {
         d->requireOpen();
         requireSlot(slot);
-        snapshot = d->table.snapshot(d->readWhole(slot));
+        const std::optional<SceneRecord> record = d->table.read(slot);
+        requireData(record ? record->info : SceneInfo(), slot);
+        auto snapshot = d->table.snapshot(*record);
+        if (!snapshot)
+            refuse(QStringLiteral("Scene %1 is damaged.").arg(numberOf(slot)));
+        scene = Scene{record->info.title, record->info.stored, *std::move(snapshot)};
     });
-    return snapshot;
+    return scene;
+}
+
+bool SceneLibrary::put(int slot, const Scene &scene, QString *error)
+{
+    return d->command(error, [&] {
+        requireSlot(slot);
+        d->put(slot, {.title = checkedTitle(scene.title), .stored = scene.stored}, scene.snapshot);
+    });
 }
 
 bool SceneLibrary::clear(int slot, QString *error)
@@ -273,6 +305,7 @@ bool SceneLibrary::rename(int slot, const QString &title, QString *error)
         const SceneInfo info = d->table.info(slot);
         requireData(info, slot);
         requireChangeable(info, slot);
+        d->noted[slot] = {UndoState::Title, info, {}};
         d->table.setTitle(slot, checkedTitle(title));
     });
 }
@@ -284,7 +317,7 @@ bool SceneLibrary::setProtected(int slot, bool on, QString *error)
         const SceneInfo info = d->table.info(slot);
         requireData(info, slot);
         requireNotReadOnly(info, slot);
-        d->noted[slot] = {UndoState::Protection, {}, info.isProtected};
+        d->noted[slot] = {UndoState::Protection, info, {}};
         d->table.setProtected(slot, on);
     });
 }
@@ -308,10 +341,10 @@ bool SceneLibrary::move(int first, int count, int target, QString *error)
     const int last = first + count - 1;
     const int lowest = std::min(first, target);
     const int highest = std::max(last, target + count - 1);
+    QHash<int, int> slotAfter;
     const bool done = d->command(error, [&] {
         for (const int slot : {first, last, target, target + count - 1})
             requireSlot(slot);
-        QHash<int, int> slotAfter;
         for (int slot = lowest; slot <= highest; ++slot) {
             requireNotReadOnly(d->table.info(slot), slot);
             const bool isMoved = slot >= first && slot <= last;
@@ -320,52 +353,33 @@ bool SceneLibrary::move(int first, int count, int target, QString *error)
         }
         d->table.renumber(slotAfter);
     });
-    if (done) {
-        for (int slot = lowest; slot <= highest; ++slot)
-            forgetUndo(slot);
-    }
+    if (done)
+        d->noteMove(slotAfter);
     return done;
-}
-
-bool SceneLibrary::copy(const QList<int> &from, int target, QString *error)
-{
-    return d->command(error, [&] {
-        requireSlot(target);
-        std::map<int, SceneRecord> copies;
-        for (const int slot : from) {
-            requireSlot(slot);
-            const int to = target++;
-            if (to > SlotCount || to == slot || !d->table.info(slot).hasData)
-                continue;
-            requireChangeable(d->table.info(to), to);
-            SceneRecord record = d->readWhole(slot);
-            record.info.isProtected = record.info.isReadOnly = false;
-            copies.emplace(to, std::move(record));
-        }
-        // All are read by now: the slots may overlap.
-        for (const auto &[to, record] : copies) {
-            d->noteContents(to);
-            d->table.put(to, record);
-        }
-    });
 }
 
 // Undo ---------------------------------------------------------------------------------------
 
 bool SceneLibrary::canUndo(int slot) const
 {
-    return d->undo.find(slot) != d->undo.end();
+    return d->undo.find(slot) != d->undo.end() || d->movedFrom.contains(slot);
 }
 
 bool SceneLibrary::undo(int slot, QString *error)
 {
     const auto state = d->undo.find(slot);
+    const bool isMove = d->movedFrom.contains(slot);
     const bool done = d->command(error, [&] {
-        if (state == d->undo.end())
+        if (isMove)
+            d->table.renumber(d->movedFrom);
+        else if (state != d->undo.end())
+            d->takeBack(slot, state->second);
+        else
             refuse(QStringLiteral("There is nothing to undo for scene %1.").arg(numberOf(slot)));
-        d->takeBack(slot, state->second);
     });
-    if (done)
+    if (done && isMove)
+        d->movedFrom.clear();
+    else if (done)
         d->undo.erase(state);
     return done;
 }
@@ -373,4 +387,6 @@ bool SceneLibrary::undo(int slot, QString *error)
 void SceneLibrary::forgetUndo(int slot)
 {
     d->undo.erase(slot);
+    if (d->movedFrom.contains(slot))
+        d->movedFrom.clear();
 }

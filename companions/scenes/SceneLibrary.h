@@ -4,8 +4,6 @@
 #include "companions/memory/ParameterSnapshot.h"
 #include "companions/scenes/SceneInfo.h"
 
-#include <QList>
-
 #include <memory>
 
 /// A library of scenes in a file: numbered slots, each of which can hold the values of all parameters.
@@ -19,6 +17,14 @@ class SceneLibrary
 public:
     static constexpr int SlotCount = 300;
     static constexpr int MaximumTitleLength = 32;
+
+    /// A scene by itself: unprotected.
+    struct Scene
+    {
+        QString title;
+        QDateTime stored; ///< UTC
+        ParameterSnapshot snapshot;
+    };
 
     SceneLibrary();
     ~SceneLibrary();
@@ -44,6 +50,9 @@ public:
     /// Nothing when the slot is empty or its scene is damaged.
     std::optional<ParameterSnapshot> recall(int slot, QString *error = nullptr);
     bool clear(int slot, QString *error = nullptr);
+    /// A scene, to be put into another slot, here or in another library.
+    std::optional<Scene> read(int slot, QString *error = nullptr);
+    bool put(int slot, const Scene &scene, QString *error = nullptr);
     /// Superfluous space is taken out of the title.
     bool rename(int slot, const QString &title, QString *error = nullptr);
     /// Keeps a scene from being stored over, cleared and renamed.
@@ -54,13 +63,10 @@ public:
     /// Takes `count` slots from `first` on out of their places and puts them in so that they begin
     /// at `target`; those between move up. Protected scenes move as well, read-only ones do not.
     bool move(int first, int count, int target, QString *error = nullptr);
-    /// Copies scenes with their titles to the slots from `target` on, in the order given. Empty slots
-    /// among them leave their target as it is; what would lie behind the last slot is left out.
-    bool copy(const QList<int> &from, int target, QString *error = nullptr);
-
-    /// Whether the slot's last store, clear, copy or protection can be undone. Undo states are not
-    /// kept in the file.
+    /// Whether the slot's last store, clear, rename or change of protection, or a move that it took
+    /// part in, can be undone. Undo states are not kept in the file.
     bool canUndo(int slot) const;
+    /// Undoing a move brings all scenes back that have moved since the last other command.
     bool undo(int slot, QString *error = nullptr);
     void forgetUndo(int slot);
 

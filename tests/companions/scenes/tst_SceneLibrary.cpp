@@ -20,9 +20,8 @@ private Q_SLOTS:
     void moves_data();
     void moves();
     void movedScenesTakeTitleAndProtectionAlong();
-    void copies_data();
-    void copies();
-    void aCopyIsUnprotectedAndOneCommand();
+    void movesAreUndoneTogether();
+    void aCopyIsTheWholeSceneUnprotected();
     void undoTakesBackTheLastCommand();
     void undoOfProtectionLeavesTheScene();
     void undoStatesAreForgotten();
@@ -149,10 +148,9 @@ void tst_SceneLibrary::whatIsRefused_data()
         [](SceneRig &rig, QString *error) { return rig.library.move(1, 2, 300, error); });
     row("move from before the first", "There is no scene #000.",
         [](SceneRig &rig, QString *error) { return rig.library.move(0, 2, 5, error); });
-    row("copy to protected, the second of two", "Scene #002 is protected.",
-        [](SceneRig &rig, QString *error) {
-            return rig.library.copy({3, 3}, 1, error);
-        });
+    row("copy to protected", "Scene #002 is protected.", [](SceneRig &rig, QString *error) {
+        return rig.library.put(2, *rig.library.read(1), error);
+    });
     row("undo without anything to undo", "There is nothing to undo for scene #001.",
         [](SceneRig &rig, QString *error) { return rig.library.undo(1, error); });
 }
@@ -214,50 +212,47 @@ void tst_SceneLibrary::movedScenesTakeTitleAndProtectionAlong()
     const SceneInfo &scene = rig.library.scene(300);
     QCOMPARE(std::tuple(scene.title, scene.isProtected, scene.stored),
              std::tuple("First", true, stored));
-    QVERIFY(!rig.library.canUndo(1));
-    QVERIFY(!rig.library.canUndo(300));
+    QVERIFY(rig.library.undo(1));
+    QVERIFY(rig.library.scene(1).isProtected);
 }
 
-void tst_SceneLibrary::copies_data()
+void tst_SceneLibrary::movesAreUndoneTogether()
 {
-    QTest::addColumn<QList<int>>("from");
-    QTest::addColumn<int>("target");
-    QTest::addColumn<QList<int>>("numbers"); // of slots 1 to 5; 5 is empty before
-    QTest::newRow("onto an empty slot") << QList({2}) << 5 << QList({101, 102, 103, 104, 102});
-    QTest::newRow("overlapping") << QList({1, 2, 3}) << 2 << QList({101, 101, 102, 103, 0});
-    QTest::newRow("apart") << QList({4, 1}) << 2 << QList({101, 104, 101, 104, 0});
-    QTest::newRow("an empty one among them")
-        << QList({4, 5, 4}) << 1 << QList({104, 102, 104, 104, 0});
-    QTest::newRow("onto itself") << QList({3}) << 3 << QList({101, 102, 103, 104, 0});
-}
-
-void tst_SceneLibrary::copies()
-{
-    QFETCH(QList<int>, from);
-    QFETCH(int, target);
-    QFETCH(QList<int>, numbers);
     SceneRig rig;
-    rig.fill(4);
-    QVERIFY(rig.library.copy(from, target));
-    QCOMPARE(rig.numbers(5), numbers);
-    for (int slot = 1; slot <= 5; ++slot) {
-        if (rig.library.canUndo(slot) && slot != 1)
-            QVERIFY(rig.library.undo(slot));
-    }
+    rig.fill(5);
+    QVERIFY(rig.library.move(1, 1, 4));
+    QVERIFY(rig.library.move(2, 2, 1));
+    QVERIFY(rig.library.move(5, 1, 1));
+    QVERIFY(rig.numbers(5) != QList({101, 102, 103, 104, 105}));
+    QVERIFY(rig.library.canUndo(3));
+    QVERIFY(rig.library.undo(3));
+    QCOMPARE(rig.numbers(5), QList({101, 102, 103, 104, 105}));
+    QVERIFY(!rig.library.canUndo(1));
+
+    QVERIFY(rig.library.move(1, 1, 2));
+    QVERIFY(rig.library.store(5, rig.scene(7)));
+    QVERIFY(!rig.library.canUndo(1)); // another command has followed
+    QVERIFY(rig.library.undo(5));
+    QCOMPARE(rig.numbers(5), QList({102, 101, 103, 104, 105}));
 }
 
-void tst_SceneLibrary::aCopyIsUnprotectedAndOneCommand()
+void tst_SceneLibrary::aCopyIsTheWholeSceneUnprotected()
 {
     SceneRig rig;
     rig.fill(2);
     QVERIFY(rig.library.rename(1, "First"));
     QVERIFY(rig.library.setProtected(1, true));
-    QVERIFY(rig.library.copy({1, 2, 1}, 299)); // the third does not fit
-    QCOMPARE(rig.library.scene(299).title, QString("First"));
-    QVERIFY(!rig.library.scene(299).isProtected);
-    QVERIFY(rig.library.undo(299));
+    const auto scene = rig.library.read(1);
+    QVERIFY(rig.library.put(300, *scene));
+    const SceneInfo &copy = rig.library.scene(300);
+    QCOMPARE(std::tuple(copy.title, copy.stored, copy.isProtected),
+             std::tuple("First", rig.library.scene(1).stored, false));
+    QCOMPARE(rig.library.recall(300)->values, rig.scene(101).values);
     QVERIFY(rig.library.undo(300));
-    QCOMPARE(rig.library.scene(299).hasData || rig.library.scene(300).hasData, false);
+    QVERIFY(!rig.library.scene(300).hasData);
+    QVERIFY(rig.library.put(2, *scene));
+    QVERIFY(rig.library.undo(2));
+    QCOMPARE(rig.numbers(2), QList({101, 102}));
 }
 
 void tst_SceneLibrary::undoTakesBackTheLastCommand()
@@ -276,6 +271,9 @@ void tst_SceneLibrary::undoTakesBackTheLastCommand()
     QVERIFY(isAsBefore());
     QVERIFY(rig.library.clear(1));
     QVERIFY(!rig.library.scene(1).hasData);
+    QVERIFY(rig.library.undo(1));
+    QVERIFY(isAsBefore());
+    QVERIFY(rig.library.rename(1, "Renamed"));
     QVERIFY(rig.library.undo(1));
     QVERIFY(isAsBefore());
     QVERIFY(rig.library.store(2, rig.scene(7)));
