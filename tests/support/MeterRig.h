@@ -2,6 +2,7 @@
 #pragma once
 
 #include "interfaces/TMemProxy.h"
+#include "tests/support/PaintEventsOnly.h"
 #include "tests/support/RecordingMemory.h"
 
 #include <QApplication>
@@ -58,6 +59,7 @@ public:
     Meter meter{&window};
 
 private:
+    PaintEventsOnly m_events;
     int m_paints = 0;
 };
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tests/support/PaintEventsOnly.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QPaintEvent>
@@ -27,5 +29,6 @@ protected:
     }
 
 private:
+    PaintEventsOnly m_events;
     QRegion m_region;
 };

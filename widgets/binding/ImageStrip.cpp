@@ -38,6 +38,11 @@ bool ImageStrip::covers(const QSize &size) const
     return m_opaque && m_cellSize.width() >= size.width() && m_cellSize.height() >= size.height();
 }
 
+bool ImageStrip::fits(const QSize &size) const
+{
+    return m_cellSize.width() <= size.width() && m_cellSize.height() <= size.height();
+}
+
 bool ImageStrip::outlineContains(int row, bool enabled, const QPoint &point) const
 {
     const QPoint at = shownCell(row, enabled);

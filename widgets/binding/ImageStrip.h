@@ -47,6 +47,9 @@ public:
     /// Whether one cell covers a widget of that size without letting anything shine through.
     bool covers(const QSize &size) const;
 
+    /// Whether one cell stays inside a widget of that size.
+    bool fits(const QSize &size) const;
+
     /// Whether `point` lies inside the outline of the cell that drawRow() draws: between the
     /// leftmost and the rightmost visible pixel of its line.
     bool outlineContains(int row, bool enabled, const QPoint &point) const;

@@ -13,6 +13,7 @@ struct C48VDial::Private
 C48VDial::C48VDial(QWidget *parent, const char *name)
     : CDial(parent, name), d(std::make_unique<Private>())
 {
+    drawsLikeDial(typeid(C48VDial));
 }
 
 C48VDial::~C48VDial()

@@ -35,17 +35,17 @@ QString cacheKey(const QWidget &dial, int row)
 
 } // namespace
 
-CDial::CDial(QWidget *parent, const char *name) : QDial(parent), d(std::make_unique<Private>())
+CDial::CDial(QWidget *parent, const char *name) : QDial(parent)
 {
     [[maybe_unused]] static const bool speaks =
         (QAccessible::installFactory(makeAccessible), true);
     if (name)
         setObjectName(QLatin1String(name));
-    // Nobody listens yet: the start values are no change.
-    const QSignalBlocker blocker(this);
     setRange(UnboundMinimum, UnboundMaximum);
     setPageStep(PageStep);
     setValue(UnboundMinimum);
+    // From here on a change is one: the start values are none.
+    d = std::make_unique<Private>(*this);
     setFocusPolicy(Qt::WheelFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
@@ -140,6 +140,11 @@ void CDial::setCurrentImage(int category)
         refreshImage();
 }
 
+void CDial::drawsLikeDial(const std::type_info &subclass)
+{
+    d->batched.drawsLike(subclass);
+}
+
 int CDial::alternativeIndex() const
 {
     return d->alternativeIndex;
@@ -221,15 +226,25 @@ QPixmap CDial::erasePixmap()
                            [this](QPainter &painter) { repaintScreenPrimitive(painter); });
 }
 
+/// Tells the picture of the current column from all others.
+int CDial::pictureNumber() const
+{
+    return isEnabled() ? currentIndex() : -2 - currentIndex();
+}
+
 /// The one place where a change of the value's picture asks for a paint.
 void CDial::pictureChanged()
 {
-    const int picture = isEnabled() ? currentIndex() : -2 - currentIndex();
+    if (!isVisible()) { // painted when it is shown
+        updateErasePixmap(nullptr);
+        return;
+    }
+    const int picture = pictureNumber();
     if (picture == d->shownPicture)
         return;
     d->shownPicture = picture;
     updateErasePixmap(nullptr);
-    update();
+    d->batched.changed();
 }
 
 void CDial::refreshImage()
@@ -254,14 +269,32 @@ QSize CDial::minimumSizeHint() const
 /// The strip needs no pen and no font, and fetching them is a tenth of a frame.
 void CDial::initPainter(QPainter *) const {}
 
-void CDial::paintEvent(QPaintEvent *)
+void CDial::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
+    d->batched.paintBegins(painter, *event);
+    drawOnBackground(painter);
+    if (hasFocus())
+        focusring::draw(painter, *this, d->focusColor);
+}
+
+/// Without the focus ring, and with nothing to clip.
+bool CDial::isDrawnPlainly(const QWidget &widget)
+{
+    const auto &dial = static_cast<const CDial &>(widget);
+    return !dial.hasFocus() && dial.d->strip.fits(dial.size());
+}
+
+void CDial::drawPicture(QWidget &widget, QPainter &painter)
+{
+    static_cast<CDial &>(widget).drawOnBackground(painter);
+}
+
+void CDial::drawOnBackground(QPainter &painter)
+{
     if (!d->transparent && !d->strip.covers(size()))
         painter.fillRect(rect(), palette().brush(backgroundRole()));
     repaintScreenPrimitive(painter);
-    if (hasFocus())
-        focusring::draw(painter, *this, d->focusColor);
     shareErasePixmap();
 }
 

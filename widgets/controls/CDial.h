@@ -9,6 +9,7 @@
 
 #include <array>
 #include <memory>
+#include <typeinfo>
 
 /// A rotary knob bound to one parameter, drawn from an image strip with one picture per position.
 ///
@@ -124,6 +125,10 @@ public Q_SLOTS:
     void editNumber();
 
 protected:
+    /// A subclass whose picture is the dial's says so in its constructor, with its own type: until then
+    /// its objects get a paint event for every new picture (BatchedPicture).
+    void drawsLikeDial(const std::type_info &subclass);
+
     static double Radian(double degrees);
     static double Degree(double radians);
     static double CnvAngle(double angle);
@@ -160,6 +165,10 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
+    static bool isDrawnPlainly(const QWidget &dial);
+    static void drawPicture(QWidget &dial, QPainter &painter);
+    void drawOnBackground(QPainter &painter);
+    int pictureNumber() const;
     void pictureChanged();
     void refreshImage();
     void shareErasePixmap();

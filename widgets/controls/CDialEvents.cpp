@@ -327,6 +327,8 @@ void CDial::hideEvent(QHideEvent *event)
 
 void CDial::sliderChange(SliderChange change)
 {
+    if (!d)
+        return; // in construction
     if (change == SliderValueChange)
         valueChange();
     else
@@ -358,6 +360,9 @@ bool CDial::event(QEvent *event)
         // though the picture does not depend on the pointer.
         setAttribute(Qt::WA_Hover, false);
         setAttribute(Qt::WA_OpaquePaintEvent, !d->transparent);
+        break;
+    case QEvent::Show:
+        d->shownPicture = pictureNumber();
         break;
     case QEvent::ParentChange:
     case QEvent::PaletteChange:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "widgets/binding/BatchedPicture.h"
 #include "widgets/binding/ErasePixmap.h"
 #include "widgets/binding/ImageStrip.h"
 #include "widgets/binding/PendingEmissions.h"
@@ -13,6 +14,10 @@
 
 struct CDial::Private
 {
+    explicit Private(CDial &dial) : batched(dial, typeid(CDial), drawing) {}
+
+    static constexpr BatchedPicture::Manner drawing{isDrawnPlainly, drawPicture};
+
     static Private &of(CDial &dial) { return *dial.d; }
 
     /// The picture as a whole is told by one number: row, and whether it is the disabled one.
@@ -26,6 +31,7 @@ struct CDial::Private
 
     ImageStrip strip;
     ErasePixmap erase;
+    BatchedPicture batched;
     int sharedRow = -1;
     QColor focusColor;
     QPointer<CDialTip> tip;

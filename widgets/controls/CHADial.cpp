@@ -14,6 +14,7 @@ constexpr int ConnectedIndex = 2;
 
 CHADial::CHADial(QWidget *parent, const char *name) : CDial(parent, name)
 {
+    drawsLikeDial(typeid(CHADial));
 }
 
 CHADial::~CHADial()

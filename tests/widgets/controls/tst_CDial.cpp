@@ -2,6 +2,7 @@
 // The dial in the operator's hands: real mouse, wheel and key events, pictures on the screen.
 #include "interfaces/IEditorExtensions.h"
 #include "tests/support/DialRig.h"
+#include "tests/support/PaintEventsOnly.h"
 #include "widgets/binding/TCacheServer.h"
 #include "widgets/controls/CDialTip.h"
 
@@ -34,6 +35,9 @@ public:
         return false;
     }
     int paints = 0;
+
+private:
+    PaintEventsOnly m_events;
 };
 
 void wheel(QWidget &dial, const QPointF &at, int delta)

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/binding/BatchedPicture.h"
+
+#include "widgets/binding/PaintBatch.h"
+
+namespace {
+bool enabled = true;
+} // namespace
+
+BatchedPicture::~BatchedPicture()
+{
+    if (m_turn >= 0)
+        PaintBatch::instance().remove(*this);
+}
+
+void BatchedPicture::changed()
+{
+    if (m_turn >= 0)
+        return;
+    if (isPossible())
+        PaintBatch::instance().add(*this);
+    else
+        m_widget.update();
+}
+
+void BatchedPicture::paintBegins(const QPainter &painter, const QPaintEvent &event)
+{
+    if (enabled && !m_widget.testAttribute(Qt::WA_OpaquePaintEvent))
+        m_ground.take(m_widget, painter, event);
+}
+
+bool BatchedPicture::isPossible()
+{
+    return enabled && m_widget.isVisible()
+           && (m_widget.testAttribute(Qt::WA_OpaquePaintEvent) || m_ground.isKnown())
+           && typeid(m_widget) == *m_drawn && m_place.holds(m_widget)
+           && m_manner.isPossible(m_widget);
+}
+
+void BatchedPicture::draw(QPainter &painter) const
+{
+    if (!m_widget.testAttribute(Qt::WA_OpaquePaintEvent))
+        m_ground.draw(painter);
+    m_manner.draw(m_widget, painter);
+}
+
+void BatchedPicture::setEnabled(bool on)
+{
+    enabled = on;
+}
+
+bool BatchedPicture::isEnabled()
+{
+    return enabled;
+}

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QImage>
+
+class QPaintEvent;
+class QPainter;
+class QWidget;
+
+/// What lies behind a translucent control: taken from the window's backing store when the control's
+/// paint event begins, since then everything beneath is painted and the control is not. Whatever
+/// changes beneath brings a paint event, so what was taken last always holds. GUI thread.
+class Ground
+{
+public:
+    /// The control's paint event begins; `painter` has painted nothing yet.
+    void take(const QWidget &control, const QPainter &painter, const QPaintEvent &event);
+    void forget() { m_picture = {}; }
+
+    bool isKnown() const { return !m_picture.isNull(); }
+    /// Draws it at the painter's origin.
+    void draw(QPainter &painter) const;
+
+private:
+    QImage m_picture;
+};
