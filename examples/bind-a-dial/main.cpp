@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QTimer>
 #include <QVBoxLayout>
 
 int main(int argc, char **argv)
@@ -29,5 +30,7 @@ int main(int argc, char **argv)
 
     memory.bind(&window);
     window.show();
+    if (app.arguments().contains(QStringLiteral("--once"))) // as our tests do
+        QTimer::singleShot(0, &app, [&] { qInfo("%s", qPrintable(text.text())), app.quit(); });
     return app.exec();
 }

@@ -1,0 +1,61 @@
+# SPDX-License-Identifier: MIT
+# What `cmake --install` puts where. Components: runtime (the libraries), devel, designer, editor.
+include(CMakePackageConfigHelpers)
+
+set(console_headers ${CMAKE_INSTALL_INCLUDEDIR}/consolewidgets)
+set(console_cmake ${CMAKE_INSTALL_LIBDIR}/cmake/ConsoleWidgets)
+set(console_libraries ConsoleWidgets ConsoleMemory ConsoleUtilities ConsoleOptServer)
+
+set_target_properties(ConsoleWidgets PROPERTIES EXPORT_NAME Widgets)
+set_target_properties(ConsoleInterfaces PROPERTIES EXPORT_NAME Interfaces)
+set_target_properties(ConsoleCompanions PROPERTIES EXPORT_NAME Companions)
+set_target_properties(ConsoleTestKit PROPERTIES EXPORT_NAME TestKit
+    OUTPUT_NAME ConsoleWidgetsTestKit)
+set_target_properties(console-images PROPERTIES EXPORT_NAME Images)
+foreach(part Memory Utilities OptServer)
+    set_target_properties(Console${part} PROPERTIES
+        EXPORT_NAME ${part} OUTPUT_NAME ConsoleWidgets${part})
+endforeach()
+
+# Libraries find each other, and programs find them, wherever the whole is put.
+foreach(library IN LISTS console_libraries)
+    set_target_properties(${library} PROPERTIES
+        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+        INSTALL_RPATH "$ORIGIN")
+endforeach()
+file(RELATIVE_PATH console_back "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
+set_target_properties(console-editor PROPERTIES INSTALL_RPATH "$ORIGIN/${console_back}")
+
+install(TARGETS ${console_libraries} EXPORT ConsoleWidgets
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT devel)
+install(TARGETS ConsoleInterfaces ConsoleCompanions ConsoleTestKit console-images
+    EXPORT ConsoleWidgets
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT devel)
+install(FILES ${CONSOLE_IMAGES_OBJECT} DESTINATION ${CONSOLE_IMAGES_FOLDER} COMPONENT devel)
+
+install(CODE "set(SOURCE [[${PROJECT_SOURCE_DIR}]])\nset(HEADERS [[${console_headers}]])"
+    COMPONENT devel)
+install(SCRIPT ${PROJECT_SOURCE_DIR}/cmake/InstallHeaders.cmake COMPONENT devel)
+
+install(EXPORT ConsoleWidgets NAMESPACE ConsoleWidgets:: FILE ConsoleWidgetsTargets.cmake
+    DESTINATION ${console_cmake} COMPONENT devel)
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/ConsoleWidgetsConfig.cmake.in
+    ${PROJECT_BINARY_DIR}/ConsoleWidgetsConfig.cmake INSTALL_DESTINATION ${console_cmake})
+# Until 1.0 a minor version may change what programs are built against.
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/ConsoleWidgetsConfigVersion.cmake
+    COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/ConsoleWidgetsConfig.cmake
+    ${PROJECT_BINARY_DIR}/ConsoleWidgetsConfigVersion.cmake
+    DESTINATION ${console_cmake} COMPONENT devel)
+
+install(TARGETS console-editor RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT editor)
+install(FILES ${PROJECT_SOURCE_DIR}/editor/console-editor.desktop
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT editor)
+foreach(icon IN ITEMS 64:icon-64 128:icon-64@2x 256:icon-256 512:icon-256@2x)
+    string(REPLACE ":" ";" icon ${icon})
+    list(GET icon 0 size)
+    list(GET icon 1 file)
+    install(FILES ${PROJECT_BINARY_DIR}/images/artwork/${file}.png
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps
+        RENAME console-editor.png COMPONENT editor)
+endforeach()
