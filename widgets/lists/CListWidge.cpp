@@ -50,7 +50,11 @@ CListWidge::CListWidge(QWidget *parent, const char *name)
     connect(model(), &QAbstractItemModel::modelReset, this, rowsChanged);
 }
 
-CListWidge::~CListWidge() = default;
+CListWidge::~CListWidge()
+{
+    // The model goes after this class, and tells so.
+    disconnect(model(), nullptr, this, nullptr);
+}
 
 // Properties ------------------------------------------------------------------------------------
 

@@ -37,6 +37,7 @@ void listboxes::critical(QWidget *parent, const QString &caption, const QString 
 {
     const auto box = makeBox(QMessageBox::Critical, caption, text, parent);
     box->setStandardButtons(QMessageBox::Ok);
+    box->setDefaultButton(QMessageBox::Ok);
     box->exec();
     delete box;
 }
