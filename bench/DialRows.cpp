@@ -11,7 +11,6 @@
 #include "widgets/binding/BatchedPicture.h"
 #include "widgets/controls/CDial.h"
 
-#include <QBackingStore>
 #include <QPainter>
 
 namespace {
@@ -80,13 +79,6 @@ struct KnobScene
     Stage stage;
     Knob knob;
 };
-
-/// What a control's window holds of it for the screen.
-QImage onScreen(const QWidget &control)
-{
-    const auto *shown = static_cast<QImage *>(control.window()->backingStore()->paintDevice());
-    return shown->copy({control.mapTo(control.window(), QPoint(0, 0)), control.size()});
-}
 
 /// Ends the program unless every change of the dial reaches the screen as the ideal knob's does.
 void requirePaints(DialScene &scene, IdealKnob &knob)

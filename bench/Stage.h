@@ -16,12 +16,18 @@ public:
     /// Puts a control of one cell's size on the stage, shows it and paints it once.
     void enter(QWidget &control);
 
+    /// Shows a window and waits until the window system has it on the screen.
+    static void show(QWidget &window);
+
     /// A turn of the event loop, which delivers everything that is posted, paints included.
     static void frame() { QCoreApplication::processEvents(); }
 
 private:
     QWidget m_window;
 };
+
+/// What a control's window holds of it for the screen. On platform offscreen.
+QImage onScreen(const QWidget &control);
 
 /// Counts the paint events of a widget while it lives.
 class PaintCounter : public QObject

@@ -19,7 +19,7 @@ MeterScale CMeter::s_meterLevels_GR_SelCh = MeterScale::reductionSelectedChannel
 MeterScale CMeter::s_meterLevels_GR_Effect = MeterScale::reductionEffect();
 bool CMeter::s_meterLevels_constructed = false;
 
-CMeter::CMeter(QWidget *parent, const char *name) : QWidget(parent), d(std::make_unique<Private>())
+CMeter::CMeter(QWidget *parent, const char *name) : QWidget(parent), d(std::make_unique<Private>(*this))
 {
     ShownTextAccessible<CMeter>::install<QAccessible::Indicator>();
     if (name)

@@ -125,6 +125,8 @@ private:
     void drawLayers(QPainter &painter, const MeterBands &bands);
     void decode(const Q_UINT8 *bytes);
     void showReading();
+    static bool isDrawnPlainly(const QWidget &meter);
+    static void drawPicture(QWidget &meter, QPainter &painter);
     void pictureChanged();
     void refreshPicture();
     void setOpacity();

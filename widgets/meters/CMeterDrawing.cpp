@@ -89,7 +89,7 @@ void CMeter::pictureChanged()
     d->pictureStale = false;
     d->shownBands = bands;
     updateErasePixmap(nullptr);
-    update();
+    d->batched.changed();
 }
 
 void CMeter::refreshPicture()
@@ -122,8 +122,22 @@ bool CMeter::event(QEvent *event)
     return handled;
 }
 
-void CMeter::paintEvent(QPaintEvent *)
+void CMeter::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
+    d->batched.paintBegins(painter, *event);
     repaintScreenPrimitive(painter);
+}
+
+/// With nothing to clip.
+bool CMeter::isDrawnPlainly(const QWidget &widget)
+{
+    const Private &d = *static_cast<const CMeter &>(widget).d;
+    return metering::fits(d.lit.deviceIndependentSize(), widget)
+        && metering::fits(d.unlit.deviceIndependentSize(), widget);
+}
+
+void CMeter::drawPicture(QWidget &meter, QPainter &painter)
+{
+    static_cast<CMeter &>(meter).repaintScreenPrimitive(painter);
 }

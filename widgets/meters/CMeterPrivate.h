@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "widgets/binding/BatchedPicture.h"
 #include "widgets/binding/ErasePixmap.h"
 #include "widgets/meters/CMeter.h"
 #include "widgets/meters/MeterPicture.h"
@@ -9,6 +10,10 @@
 
 struct CMeter::Private
 {
+    static constexpr BatchedPicture::Manner drawing{isDrawnPlainly, drawPicture};
+
+    explicit Private(CMeter &meter) : batched(meter, typeid(CMeter), drawing) {}
+
     /// The last reading, replaced as a whole: by the thread that delivers, and by a reset.
     struct Reading
     {
@@ -47,6 +52,7 @@ struct CMeter::Private
     QPixmap lit;
     QPixmap unlit;
     ErasePixmap erase;
+    BatchedPicture batched;
     int shownPeak = 0;
     bool repaintPending : 1 = true;
     bool pictureStale : 1 = true;

@@ -2,6 +2,7 @@
 #include "widgets/meters/CPixmapMeter.h"
 
 #include "interfaces/utilities/NS_Utilities.h"
+#include "widgets/binding/BatchedPicture.h"
 #include "widgets/binding/Binding.h"
 #include "widgets/binding/ErasePixmap.h"
 #include "widgets/binding/ShownTextAccessible.h"
@@ -27,6 +28,10 @@ constexpr char OnlineSlot[] = "1onlineChange( bool )";
 
 struct CPixmapMeter::Private
 {
+    static constexpr BatchedPicture::Manner drawing{isDrawnPlainly, drawPicture};
+
+    explicit Private(CPixmapMeter &meter) : batched(meter, typeid(CPixmapMeter), drawing) {}
+
     /// Columns and rows of the strip.
     QSize grid() const
     {
@@ -48,6 +53,7 @@ struct CPixmapMeter::Private
     // Of the main thread.
     QPixmap strip;
     ErasePixmap erase;
+    BatchedPicture batched;
     std::vector<unsigned short> bounds{0};
     int searchedBounds = -1; ///< -1: the memory's table is in use, or none yet
     QString boundList;
@@ -61,7 +67,7 @@ struct CPixmapMeter::Private
 
 // Deliberate: the name is not passed on.
 CPixmapMeter::CPixmapMeter(QWidget *parent, const char *)
-    : QWidget(parent), d(std::make_unique<Private>())
+    : QWidget(parent), d(std::make_unique<Private>(*this))
 {
     ShownTextAccessible<CPixmapMeter>::install<QAccessible::Indicator>();
     setNumDefaultKind(0);
@@ -255,7 +261,7 @@ void CPixmapMeter::refreshPicture()
 void CPixmapMeter::pictureChanged()
 {
     updateErasePixmap(nullptr);
-    update();
+    d->batched.changed();
 }
 
 void CPixmapMeter::valueChange()
@@ -277,10 +283,22 @@ bool CPixmapMeter::event(QEvent *event)
     return handled;
 }
 
-void CPixmapMeter::paintEvent(QPaintEvent *)
+void CPixmapMeter::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
+    d->batched.paintBegins(painter, *event);
     repaintScreenPrimitive(painter);
+}
+
+/// With nothing to clip.
+bool CPixmapMeter::isDrawnPlainly(const QWidget &meter)
+{
+    return metering::fits(static_cast<const CPixmapMeter &>(meter).cellSize(), meter);
+}
+
+void CPixmapMeter::drawPicture(QWidget &meter, QPainter &painter)
+{
+    static_cast<CPixmapMeter &>(meter).repaintScreenPrimitive(painter);
 }
 
 // Readings --------------------------------------------------------------------------------------

@@ -101,6 +101,8 @@ protected:
 private:
     void showIncoming();
     void refreshPicture();
+    static bool isDrawnPlainly(const QWidget &meter);
+    static void drawPicture(QWidget &meter, QPainter &painter);
     void pictureChanged();
     QSize cellSize() const;
 

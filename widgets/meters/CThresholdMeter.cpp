@@ -3,6 +3,7 @@
 
 #include "interfaces/CSimpleNotifier.h"
 #include "interfaces/utilities/NS_Utilities.h"
+#include "widgets/binding/BatchedPicture.h"
 #include "widgets/binding/Binding.h"
 #include "widgets/binding/ErasePixmap.h"
 #include "widgets/binding/ShownTextAccessible.h"
@@ -36,10 +37,15 @@ int bandOf(const std::vector<quint16> &table, quint16 code)
 
 struct CThresholdMeter::Private
 {
+    static constexpr BatchedPicture::Manner drawing{isDrawnPlainly, drawPicture};
+
+    explicit Private(CThresholdMeter &meter) : batched(meter, typeid(CThresholdMeter), drawing) {}
+
     std::atomic<quint16> levelCode{0}; // of all threads
 
     QPixmap strip;
     ErasePixmap erase;
+    BatchedPicture batched;
     int currentImage = 0;
     int subImages = 3;
     QString stateAddress;
@@ -56,7 +62,7 @@ struct CThresholdMeter::Private
 
 // Deliberate: the name is not passed on.
 CThresholdMeter::CThresholdMeter(QWidget *parent, const char *)
-    : QWidget(parent), d(std::make_unique<Private>())
+    : QWidget(parent), d(std::make_unique<Private>(*this))
 {
     ShownTextAccessible<CThresholdMeter>::install<QAccessible::Indicator>();
     setNumDefaultKind(0);
@@ -271,7 +277,7 @@ void CThresholdMeter::refreshPicture()
 void CThresholdMeter::pictureChanged()
 {
     updateErasePixmap(nullptr);
-    update();
+    d->batched.changed();
 }
 
 void CThresholdMeter::polish()
@@ -287,10 +293,22 @@ bool CThresholdMeter::event(QEvent *event)
     return handled;
 }
 
-void CThresholdMeter::paintEvent(QPaintEvent *)
+void CThresholdMeter::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
+    d->batched.paintBegins(painter, *event);
     repaintScreenPrimitive(painter);
+}
+
+/// With nothing to clip.
+bool CThresholdMeter::isDrawnPlainly(const QWidget &meter)
+{
+    return metering::fits(static_cast<const CThresholdMeter &>(meter).cellSize(), meter);
+}
+
+void CThresholdMeter::drawPicture(QWidget &meter, QPainter &painter)
+{
+    static_cast<CThresholdMeter &>(meter).repaintScreenPrimitive(painter);
 }
 
 // Binding ---------------------------------------------------------------------------------------

@@ -102,6 +102,8 @@ private:
     void subscribe();
     void unsubscribe();
     void refreshPicture();
+    static bool isDrawnPlainly(const QWidget &meter);
+    static void drawPicture(QWidget &meter, QPainter &painter);
     void pictureChanged();
     QSize cellSize() const;
 
