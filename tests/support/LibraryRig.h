@@ -97,9 +97,7 @@ public:
     }
     void storeDragged(const QByteArray &data, QString &error) override
     {
-        change("copy " + data + " to", error, [&] {
-            contents = {data, true, false, {}};
-        });
+        change("copy " + data + " to", error, [&] { contents = {data, true, false, {}}; });
     }
     void moveTo(int number, QString &error) override
     {
@@ -215,9 +213,7 @@ public:
 
     static Answer click(QMessageBox::StandardButton which)
     {
-        return [which](QMessageBox *box) {
-            QTest::mouseClick(box->button(which), Qt::LeftButton);
-        };
+        return [which](QMessageBox *box) { QTest::mouseClick(box->button(which), Qt::LeftButton); };
     }
     static Answer press(Qt::Key key)
     {

@@ -208,8 +208,7 @@ void CListWidge::Private::setWidths() const
     header->setSectionResizeMode(TitleColumn, QHeaderView::Stretch);
     header->resizeSection(NumberColumn, widthOf("#00000"));
     header->resizeSection(ProtectedColumn, header->sectionSizeHint(ProtectedColumn));
-    header->resizeSection(StoredColumn,
-                          widthOf(QLocale().toString(longest, QLocale::ShortFormat)));
+    header->resizeSection(StoredColumn, widthOf(QLocale().toString(longest, QLocale::ShortFormat)));
 }
 
 CListWidgeItem *CListWidge::libraryRow(QTreeWidgetItem *item)
@@ -261,8 +260,7 @@ bool CListWidge::Private::mayRename(const CListWidgeItem *row)
 bool CListWidge::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
 {
     // A key says nothing about the column.
-    const QModelIndex cell =
-        trigger == EditKeyPressed ? index.siblingAtColumn(TitleColumn) : index;
+    const QModelIndex cell = trigger == EditKeyPressed ? index.siblingAtColumn(TitleColumn) : index;
     if (cell.column() != TitleColumn || !d->mayRename(libraryRow(itemFromIndex(cell))))
         return false;
     return QTreeWidget::edit(cell, trigger, event);

@@ -97,8 +97,8 @@ public:
     /// Refuses, with a message, to insert rows that do not follow each other.
     bool checkInsertValid(CListWidgeItem *target, const Payload &payload, bool isStore);
     /// For lists with rules of their own. Accepts here.
-    virtual bool checkDropLocation(QWidget *source, CListWidgeItem *target,
-                                   const Payload &payload, bool isStore);
+    virtual bool checkDropLocation(QWidget *source, CListWidgeItem *target, const Payload &payload,
+                                   bool isStore);
 
     /// Shows a row anew that a command changed.
     virtual void repaintItem_Polymorphic(CListWidgeItem *row);

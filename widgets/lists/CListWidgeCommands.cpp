@@ -81,8 +81,8 @@ void CListWidge::Private::overVisibleRows(Test fits, void (*change)(CListWidgeIt
     const QPointer<CListWidge> guard(&list);
     busy = true;
     Q_EMIT list.commandStarted();
-    const QList<CListWidgeItem::Reference> all = guard ? rows(true)
-                                                       : QList<CListWidgeItem::Reference>();
+    const QList<CListWidgeItem::Reference> all =
+        guard ? rows(true) : QList<CListWidgeItem::Reference>();
     for (const CListWidgeItem::Reference &each : all) {
         CListWidgeItem *row = each.get();
         if (!guard || !row)
@@ -101,8 +101,8 @@ void CListWidge::Private::overVisibleRows(Test fits, void (*change)(CListWidgeIt
 
 bool CListWidge::Private::confirmFor(const char *format, const CListWidgeItem *row) const
 {
-    return listboxes::confirm(&list, QString::asprintf(format, qUtf8Printable(row->titleText()),
-                                                       row->slotNumber()));
+    return listboxes::confirm(
+        &list, QString::asprintf(format, qUtf8Printable(row->titleText()), row->slotNumber()));
 }
 
 bool CListWidge::getPreference(int number, const CListWidgeItem *row) const

@@ -94,14 +94,14 @@ void CListWidge::Private::select(const QList<CListWidgeItem::Reference> &rows) c
             selection.select(index, index);
         }
     }
-    list.selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect
-                                                 | QItemSelectionModel::Rows);
+    list.selectionModel()->select(selection,
+                                  QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 // Checks ----------------------------------------------------------------------------------------
 
-bool CListWidge::getDropConfirmatin(QWidget *source, CListWidgeItem *target,
-                                    const Payload &payload, bool isStore)
+bool CListWidge::getDropConfirmatin(QWidget *source, CListWidgeItem *target, const Payload &payload,
+                                    bool isStore)
 {
     const QPointer<CListWidge> self(this);
     const auto held = target ? target->reference() : CListWidgeItem::Reference();
@@ -117,7 +117,8 @@ bool CListWidge::getDropConfirmatin(QWidget *source, CListWidgeItem *target,
     for (CListWidgeItem *row = target; row && missing > 0; row = d->below(row))
         --missing;
     if (missing > 0)
-        return listboxes::confirm(this, QStringLiteral("Too many rows are selected. \nStore anyway?"));
+        return listboxes::confirm(this,
+                                  QStringLiteral("Too many rows are selected. \nStore anyway?"));
     if (payload.size() > 2)
         return listboxes::confirm(this, QStringLiteral("Store to multiple locations"));
     return d->confirmFor("Store to %s #%03d?", target);
@@ -181,7 +182,7 @@ QStringList CListWidge::mimeTypes() const
 QMimeData *CListWidge::mimeData(const QList<QTreeWidgetItem *> &items) const
 {
     const QSet<const QTreeWidgetItem *> dragged(items.begin(), items.end());
-    Payload payload{rowpayload::header(d->id)};
+    Payload payload{QByteArray()};
     bool hasContents = false;
     for (QTreeWidgetItemIterator it(&d->list); *it; ++it) {
         const CListWidgeItem *row = libraryRow(*it);
@@ -193,6 +194,7 @@ QMimeData *CListWidge::mimeData(const QList<QTreeWidgetItem *> &items) const
     }
     if (!hasContents)
         return nullptr;
+    payload.first() = rowpayload::header(d->id, rowsIn(payload));
     auto *mime = new QMimeData;
     mime->setData(QLatin1String(rowpayload::MimeType), rowpayload::encode(payload));
     return mime;
@@ -334,7 +336,8 @@ void CListWidge::finishDrop(CListWidge *from, const CListWidgeItem::Reference &t
 void CListWidge::storeDropped(CListWidgeItem *target, const Payload &payload)
 {
     SlotSelection targets;
-    for (CListWidgeItem *row = target; row && targets.count < rowsIn(payload); row = d->below(row)) {
+    for (CListWidgeItem *row = target; row && targets.count < rowsIn(payload);
+         row = d->below(row)) {
         targets.rows.append(row->reference());
         ++targets.count;
     }

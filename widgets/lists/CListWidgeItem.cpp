@@ -19,8 +19,8 @@ QString numberText(int slot)
 
 CListWidgeItem::CListWidgeItem(QTreeWidget *list) : QTreeWidgetItem(list)
 {
-    setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsEditable
-             | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled | Qt::ItemNeverHasChildren);
+    setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsEditable | Qt::ItemIsDragEnabled
+             | Qt::ItemIsDropEnabled | Qt::ItemNeverHasChildren);
 }
 
 CListWidgeItem::~CListWidgeItem()
@@ -97,7 +97,7 @@ CListWidgeItem::Reference CListWidgeItem::reference()
     return Reference(m_life);
 }
 
-QVariant CListWidgeItem::text(int column) const
+QVariant CListWidgeItem::cellText(int column) const
 {
     switch (column) {
     case CListWidge::NumberColumn: return numberText(slotNumber());
@@ -114,9 +114,9 @@ QVariant CListWidgeItem::data(int column, int role) const
         return QTreeWidgetItem::data(column, role);
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::EditRole: return text(column);
+    case Qt::EditRole: return cellText(column);
     case Qt::AccessibleTextRole: return spokenText();
-    case Qt::AccessibleDescriptionRole: return text(CListWidge::StoredColumn);
+    case Qt::AccessibleDescriptionRole: return cellText(CListWidge::StoredColumn);
     case Qt::ForegroundRole:
         if (treeWidget() && !hasData())
             return QBrush(treeWidget()->palette().color(QPalette::PlaceholderText));

@@ -111,7 +111,7 @@ public:
     bool operator<(const QTreeWidgetItem &other) const override;
 
 private:
-    QVariant text(int column) const;
+    QVariant cellText(int column) const;
 
     std::shared_ptr<CListWidgeItem *> m_life; ///< shared with references; made when first asked for
 };

@@ -22,8 +22,8 @@ QPointer<QMessageBox> makeBox(QMessageBox::Icon icon, const QString &caption, co
 
 bool listboxes::confirm(QWidget *parent, const QString &question)
 {
-    const auto box = makeBox(QMessageBox::Question, QStringLiteral("Confirmation"), question,
-                             parent);
+    const auto box =
+        makeBox(QMessageBox::Question, QStringLiteral("Confirmation"), question, parent);
     box->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     box->setDefaultButton(QMessageBox::No);
     box->setEscapeButton(QMessageBox::No);

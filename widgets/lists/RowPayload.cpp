@@ -27,17 +27,23 @@ QByteArray written(const Values &...values)
     return bytes;
 }
 
-std::optional<quint64> listIdIn(const QByteArray &header)
+struct Header
+{
+    quint64 list = 0;
+    qint64 rows = 0;
+};
+
+std::optional<Header> readHeader(const QByteArray &entry)
 {
     quint32 format = 0;
     quint64 token = 0;
-    quint64 list = 0;
-    QDataStream in(header);
+    Header header;
+    QDataStream in(entry);
     in.setVersion(QDataStream::Qt_6_0);
-    in >> format >> token >> list;
-    const bool ours = in.status() == QDataStream::Ok && in.atEnd() && format == Format
-                      && token == programToken();
-    return ours ? std::optional(list) : std::nullopt;
+    in >> format >> token >> header.list >> header.rows;
+    const bool ours =
+        in.status() == QDataStream::Ok && in.atEnd() && format == Format && token == programToken();
+    return ours ? std::optional(header) : std::nullopt;
 }
 
 } // namespace
@@ -48,9 +54,9 @@ quint64 rowpayload::newListId()
     return ++last;
 }
 
-QByteArray rowpayload::header(quint64 listId)
+QByteArray rowpayload::header(quint64 listId, qsizetype rows)
 {
-    return written(Format, programToken(), listId);
+    return written(Format, programToken(), listId, qint64(rows));
 }
 
 QByteArray rowpayload::entry(const DraggedRow &row)
@@ -72,9 +78,10 @@ std::optional<quint64> rowpayload::listIdOf(const QMimeData *mime)
 {
     QDataStream in(mime->data(MimeType));
     in.setVersion(QDataStream::Qt_6_0);
-    QByteArray header;
-    in >> header;
-    return listIdIn(header);
+    QByteArray entry;
+    in >> entry;
+    const auto header = readHeader(entry);
+    return header ? std::optional(header->list) : std::nullopt;
 }
 
 QList<QByteArray> rowpayload::decode(const QMimeData *mime)
@@ -85,12 +92,14 @@ QList<QByteArray> rowpayload::decode(const QMimeData *mime)
     while (!in.atEnd()) {
         QByteArray each;
         in >> each;
-        const bool whole = payload.isEmpty() ? listIdIn(each).has_value() : row(each).has_value();
+        const bool whole = payload.isEmpty() ? readHeader(each).has_value() : row(each).has_value();
         if (in.status() != QDataStream::Ok || !whole)
             return {};
         payload.append(each);
     }
-    return payload;
+    const bool complete =
+        !payload.isEmpty() && readHeader(payload.first())->rows == payload.size() - 1;
+    return complete ? payload : QList<QByteArray>();
 }
 
 std::optional<rowpayload::DraggedRow> rowpayload::row(const QByteArray &entry)

@@ -23,7 +23,7 @@ struct DraggedRow
 /// A number for a list that no other list of this program has.
 quint64 newListId();
 
-QByteArray header(quint64 listId);
+QByteArray header(quint64 listId, qsizetype rows);
 QByteArray entry(const DraggedRow &row);
 /// The mime data's bytes for a payload.
 QByteArray encode(const QList<QByteArray> &payload);

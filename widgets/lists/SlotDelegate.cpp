@@ -86,7 +86,8 @@ QWidget *SlotDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
 }
 
 /// The renaming waits until the view is done with the editor: it may show a box, and lose the list.
-void SlotDelegate::setModelData(QWidget *editor, QAbstractItemModel *, const QModelIndex &index) const
+void SlotDelegate::setModelData(QWidget *editor, QAbstractItemModel *,
+                                const QModelIndex &index) const
 {
     auto &list = *static_cast<CListWidge *>(parent());
     CListWidgeItem *row = CListWidge::libraryRow(list.itemFromIndex(index));

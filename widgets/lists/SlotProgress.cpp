@@ -11,8 +11,8 @@ constexpr qint64 QuickCommand = 300;
 /// A step lets events run when the last one that did is this long ago, in milliseconds.
 constexpr qint64 Frame = 20;
 
-constexpr Qt::WindowFlags Border = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint
-                                   | Qt::MSWindowsFixedSizeDialogHint;
+constexpr Qt::WindowFlags Border =
+    Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::MSWindowsFixedSizeDialogHint;
 
 } // namespace
 
@@ -37,8 +37,7 @@ void SlotProgress::setVisible(bool visible)
 
 void SlotProgress::comeUp()
 {
-    if (m_givesWay || isVisible() || wasCanceled()
-        || m_sinceStart.elapsed() < QuickCommand)
+    if (m_givesWay || isVisible() || wasCanceled() || m_sinceStart.elapsed() < QuickCommand)
         return;
     m_mayComeUp = true;
     show();

@@ -96,7 +96,8 @@ void TestCListWidge::commandAsksWorksAndTells_data()
     add("clear nothing asks all the same", "dd", {}, clear, {A::yes()}, none, {AskClear});
     add("clear leaves protected and empty rows", "dp-r", {1, 2, 3, 4}, clear, {A::yes()},
         {"clear 1", "clear 4"}, {AskClear});
-    add("clear fails silently", "xd", {1, 2}, clear, {A::yes()}, {"clear 1", "clear 2"}, {AskClear});
+    add("clear fails silently", "xd", {1, 2}, clear, {A::yes()}, {"clear 1", "clear 2"},
+        {AskClear});
 
     add("protect", "d-d", {1, 2, 3}, protect, {}, {"protect 1", "protect 3"}, {});
     add("one protected row: unprotect that", "dpd", {1, 2, 3}, protect, {}, {"protect 2"}, {});
@@ -202,8 +203,8 @@ void TestCListWidge::everyChangedRowIsShownAnewAndTold()
     rig.select({1, 2, 3});
     QSignalSpy told(rig.list, qOverload<>(&CListWidge::selectionChanged));
     QSignalSpy dataChanged(rig.list->model(), &QAbstractItemModel::dataChanged);
-    Answers operatorSays({Answers::click(command == &CListWidge::Clear ? QMessageBox::Yes
-                                                                       : QMessageBox::Ok)});
+    Answers operatorSays(
+        {Answers::click(command == &CListWidge::Clear ? QMessageBox::Yes : QMessageBox::Ok)});
     (rig.list->*command)();
     QTEST(watched->shown, "shown");
     QCOMPARE(told.size(), watched->shown.size());
@@ -220,8 +221,8 @@ void TestCListWidge::progressGoesThroughSeveralRows_data()
     const Command protect = &CListWidge::Protect;
     QTest::newRow("store") << store << "Storing library slot #%1"
                            << QStringList{"1: 1 of 4", "2: 2 of 4", "4: 3 of 4"};
-    QTest::newRow("clear: the empty row counts") << clear << "Clearing library slot #%1"
-                                                 << QStringList{"1: 1 of 4", "4: 3 of 4"};
+    QTest::newRow("clear: the empty row counts")
+        << clear << "Clearing library slot #%1" << QStringList{"1: 1 of 4", "4: 3 of 4"};
     QTest::newRow("protect: the empty row is passed over")
         << protect << "Protecting library slot #%1" << QStringList{"1: 1 of 4", "4: 2 of 4"};
 }
@@ -316,7 +317,8 @@ void TestCListWidge::afterAQuestionThereAreNoLabels()
     rig.select({1, 2, 3});
     QStringList labels;
     rig.library.during = [&](int) {
-        labels << QString("%1 %2").arg(progressDialog()->value()).arg(progressDialog()->labelText());
+        labels
+            << QString("%1 %2").arg(progressDialog()->value()).arg(progressDialog()->labelText());
     };
     Answers operatorSays({Answers::yes(), Answers::yes()});
     rig.list->Store();

@@ -120,8 +120,8 @@ void TestCListWidgeLifetime::whatIsDestroyedMeanwhileEndsTheCommand()
     }});
     command(*rig.list);
     // The clear asks before it looks at the rows: those that are left are cleared.
-    const bool clearsTheRest = operatorSays.seen.value(0).contains("clear selection")
-                               && what == "row";
+    const bool clearsTheRest =
+        operatorSays.seen.value(0).contains("clear selection") && what == "row";
     const QStringList rest{"clear 2", "clear 3"};
     QFETCH(QStringList, calls);
     QCOMPARE(rig.library.calls, clearsTheRest ? rest : calls);
