@@ -16,16 +16,29 @@ for ((i = 0; i + 1 < $#; ++i)); do
 done
 
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")"
-scripts/setup.sh libbenchmark-dev
+scripts/setup.sh libbenchmark-dev xvfb
 
 log=$(mktemp)
-trap 'rm -f "$log"' EXIT
+server=
+trap 'rm -f "$log"; [[ -z $server ]] || kill "$server"' EXIT
 echo "bench: building in $build"
 if ! { cmake --fresh --preset release -B "$build" -DCONSOLEWIDGETS_BENCH=ON &&
     cmake --build "$build" --target console-bench; } &>"$log"; then
     tail -n 40 "$log" >&2
     echo "bench: it does not build" >&2
     exit 2
+fi
+
+# Some figures are taken under a real window system. Where there is no display we bring one along,
+# large enough for every window.
+if [[ -z ${DISPLAY:-} ]]; then
+    exec {ready}< <(exec Xvfb -displayfd 1 -screen 0 1920x1200x24 -nolisten tcp 2>/dev/null)
+    server=$!
+    if ! read -r -t 20 -u "$ready" number; then
+        echo "bench: the X server Xvfb does not start" >&2
+        exit 2
+    fi
+    export DISPLAY=:$number
 fi
 
 echo "bench: measuring"

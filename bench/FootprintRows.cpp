@@ -2,11 +2,9 @@
 // What a control takes of the memory. Each figure comes from a fresh process, so that nothing that
 // was there before is used again.
 #include "bench/Footprint.h"
+#include "bench/FreshProcess.h"
 #include "bench/Rounds.h"
 #include "bench/Rows.h"
-
-#include <QCoreApplication>
-#include <QProcess>
 
 namespace {
 
@@ -15,16 +13,7 @@ constexpr double GrowthUnit = 200;
 
 double inFreshProcess(const QString &kind)
 {
-    QProcess child;
-    child.start(QCoreApplication::applicationFilePath(), {footprint::Option, kind});
-    bool isNumber = false;
-    const double bytes = child.waitForFinished(-1) && child.exitCode() == 0
-                             ? child.readAllStandardOutput().trimmed().toDouble(&isNumber)
-                             : 0;
-    if (!isNumber)
-        qFatal("no footprint of \"%s\": %s", qPrintable(kind),
-               child.readAllStandardError().constData());
-    return bytes;
+    return freshprocess::outputOf({footprint::Option, kind}).trimmed().toDouble();
 }
 
 } // namespace

@@ -26,6 +26,10 @@ double median(std::vector<double> values);
 /// Median and quartiles of the ratios of all rounds.
 Measurement summary(std::vector<double> ratios);
 
+/// A measurement as text, for another process, and back.
+std::string toText(const Measurement &measurement);
+Measurement fromText(const std::string &text);
+
 /// A row that counts something instead of timing it.
 inline Measurement counted(double count)
 {

@@ -57,8 +57,7 @@ void fill(QWidget &window, With with, const Make &make)
             make(parent, number, false)->setGeometry(meterPlace(strip));
         }
     }
-    window.show();
-    Stage::frame();
+    Stage::show(window);
 }
 
 QPixmap filled(const QColor &top, const QColor &bottom)

@@ -40,13 +40,16 @@ public:
     explicit OwnPage(With with);
 
     QWidget &window() { return m_window; }
+    /// The memory, with the meters' parameter alone in a block of its own.
+    ParameterMemory &memory() { return m_memory; }
     /// Returns the GUI thread's processor time in seconds.
     double frame(int number, Changing changing);
+    /// Brings the readings and values of a frame. Any thread, one at a time.
+    void deliver(int number, Changing changing);
 
 private:
     QWidget *addMeter(QWidget *panel, int number);
     QWidget *addDial(QWidget *panel, int number);
-    void deliver(int number, Changing changing);
 
     ParameterMemory m_memory;
     Producer m_producer;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What meters cost from a reading to the end of the paint, one by one and as pages.
+#include "bench/FreshProcess.h"
 #include "bench/MeterPage.h"
 #include "bench/Rounds.h"
 #include "bench/Rows.h"
@@ -86,11 +87,10 @@ Measurement meterReading()
         const Q_UINT8 bytes[] = {0, static_cast<Q_UINT8>(code), 0, 0};
         meter.process(bytes, CMeter::Refresh, 0);
     };
-    const PaintCounter counter(meter);
     read(codeAt(1, 1));
-    Stage::frame();
     ideal.setLength(lengthAt(codeAt(1, 1)));
-    if (counter.paints != 1 || meter.window()->grab().toImage() != ideal.window()->grab().toImage())
+    Stage::frame();
+    if (onScreen(meter) != onScreen(ideal))
         qFatal("the meter is not painted as it must be");
     return rounds::compare(
         {changes("meter", read),
@@ -116,4 +116,10 @@ Measurement metersNone()
 Measurement controlsPage()
 {
     return comparePages(With::MetersAndDials);
+}
+
+Measurement controlsPageUnderX()
+{
+    const QStringList pageAlone{MeasureOption, QStringLiteral("page")};
+    return fromText(freshprocess::outputOf(pageAlone, QStringLiteral("xcb")).toStdString());
 }

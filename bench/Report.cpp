@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "bench/Report.h"
 
+#include "bench/LiveLoad.h"
+
 #include <QDate>
 #include <QFile>
 #include <QGuiApplication>
@@ -38,6 +40,18 @@ void report::printDetails(const Result &result)
     for (const Measurement::Timing &each : result.measured.timings)
         std::printf("    %-28s %14.1f ns\n", each.name.c_str(), each.nanoseconds);
     std::fflush(stdout);
+}
+
+void report::printLiveLoad()
+{
+    std::printf(
+        "\n500 live meters, 50 readings a second each: the GUI thread takes, of one core\n");
+    for (const char *platform : {"offscreen", "xcb"}) {
+        const liveload::Shares shares = liveload::measuredOn(QLatin1String(platform));
+        std::printf("    %-9s %5.1f %% with programme, %5.1f %% when every bar jumps\n", platform,
+                    100 * shares.programme, 100 * shares.jumps);
+        std::fflush(stdout);
+    }
 }
 
 bool report::writeJson(const QString &fileName, const std::vector<Result> &results)

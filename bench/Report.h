@@ -23,6 +23,9 @@ void print(const Result &result);
 /// The quartiles of a row's rounds and what its cases took.
 void printDetails(const Result &result);
 
+/// Measures and prints what live meters take of the GUI thread.
+void printLiveLoad();
+
 /// [{"name", "ratio", "limit"}]; false, and a line on the error output, when it cannot be written.
 bool writeJson(const QString &fileName, const std::vector<Result> &results);
 

@@ -3,6 +3,8 @@
 
 #include "bench/Measurement.h"
 
+#include <QString>
+
 #include <vector>
 
 /// One line of the speed table.
@@ -14,6 +16,10 @@ struct Row
     double aim;   ///< this or less is what we want
     Measurement (*measure)();
 };
+
+/// The option by which this program measures the row that it is followed by, alone, and prints that as
+/// text.
+inline const QString MeasureOption = QStringLiteral("--measure");
 
 /// All lines, in the order in which they are measured and printed.
 const std::vector<Row> &rows();
@@ -32,6 +38,7 @@ Measurement metersPage();
 Measurement metersFifth();
 Measurement metersNone();
 Measurement controlsPage();
+Measurement controlsPageUnderX();
 
 // ConstructionRows.cpp
 Measurement dialConstruction();
