@@ -47,7 +47,6 @@ CDial::CDial(QWidget *parent, const char *name) : QDial(parent)
     // From here on a change is one: the start values are none.
     d = std::make_unique<Private>(*this);
     setFocusPolicy(Qt::WheelFocus);
-    setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 CDial::~CDial()

@@ -14,6 +14,7 @@
 #include <QRandomGenerator>
 #include <QTest>
 
+#include <cmath>
 #include <memory>
 
 namespace {
@@ -232,7 +233,11 @@ void tst_BatchedPicture::theScreenIsRight()
         scene.settle();
         // Twice, so that what was drawn last is drawn over.
         for (int change = 0; change < 2; ++change) {
-            QCOMPARE(scene.paintsOfChange() == 0, batched);
+            const bool painted = scene.paintsOfChange() > 0;
+            // What is behind a translucent control that begins between pixels cannot be kept.
+            if (!translucent
+                || scene.window.devicePixelRatio() == std::floor(scene.window.devicePixelRatio()))
+                QCOMPARE(painted, !batched);
             QCOMPARE(seen(scene.window), paintedAnew(scene.window));
         }
     }
