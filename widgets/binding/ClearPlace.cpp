@@ -23,8 +23,9 @@ bool isCovered(const QWidget &widget, const QRect &place)
 {
     const QObjectList &siblings = widget.parentWidget()->children();
     qsizetype looked = 0;
-    for (auto above = siblings.crbegin(); *above != &widget; ++above) {
-        if (++looked > MostSiblings)
+    for (auto above = siblings.crbegin(); above != siblings.crend() && *above != &widget; ++above) {
+        // A parent under destruction has let go of the children that it has deleted.
+        if (!*above || ++looked > MostSiblings)
             return true;
         if (isSeen(**above) && static_cast<const QWidget *>(*above)->geometry().intersects(place))
             return true;
