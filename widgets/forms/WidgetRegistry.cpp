@@ -15,6 +15,7 @@
 #include "widgets/graphs/CCompCurve.h"
 #include "widgets/graphs/CGateCurve.h"
 #include "widgets/lists/CGrid.h"
+#include "widgets/lists/CListWidge.h"
 #include "widgets/lists/GridPanel.h"
 #include "widgets/meters/CMeter.h"
 #include "widgets/meters/CPixmapMeter.h"
@@ -50,6 +51,7 @@ const WidgetRegistry::Entry all[] = {
     entry<CCompCurve>("Processing graphs", "The curve of a compressor, expander or compander"),
     entry<CGateCurve>("Processing graphs", "The curve of a gate or of ducking"),
     entry<CGrid>("Lists and grids", "A matrix that connects channels with fields"),
+    entry<CListWidge>("Lists and grids", "A library of stored settings, with its commands"),
     entry<GridPanel>("Containers", "The titles and caption around a grid"),
     entry<FormRepeater>("Containers", "One form, placed once per channel"),
 };
