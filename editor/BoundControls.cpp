@@ -12,12 +12,20 @@ bool tellsItsValue(const QWidget &control)
     return control.metaObject()->indexOfSignal("memoryAPIValueChange(int)") >= 0;
 }
 
+/// The keys of a library list are not: they are made as controls, but have no address.
+bool isForAParameter(QWidget *widget)
+{
+    const TMemProxy *proxy = boundcontrols::proxyOf(widget);
+    return proxy && (proxy->isAttached() || !proxy->namedAddress().isEmpty());
+}
+
 } // namespace
 
 QList<QWidget *> boundcontrols::inside(QWidget *root)
 {
     QList<QWidget *> controls = root->findChildren<QWidget *>();
-    controls.removeIf([](QWidget *widget) { return !proxyOf(widget) || !tellsItsValue(*widget); });
+    controls.removeIf(
+        [](QWidget *widget) { return !isForAParameter(widget) || !tellsItsValue(*widget); });
     return controls;
 }
 

@@ -11,6 +11,8 @@ constexpr double highestScale = 4;
 constexpr int largestSide = 16384;
 
 const QCommandLineOption modelOption("model", "The console model to load (JSON).", "FILE");
+const QCommandLineOption libraryOption(
+    "library", "The file with the scenes; --screens never uses or changes it.", "FILE");
 const QCommandLineOption screensOption(
     "screens", "Draw every screen into a PNG file in DIR and exit; needs no display.", "DIR");
 const QCommandLineOption checkOption(
@@ -64,7 +66,7 @@ EditorOptions EditorOptions::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription("Editor for a digital mixing console.");
-    parser.addOptions({modelOption, screensOption, checkOption, jsonOption, rateOption, sizeOption,
+    parser.addOptions({modelOption, libraryOption, screensOption, checkOption, jsonOption, rateOption, sizeOption,
                        scaleOption});
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
@@ -79,6 +81,7 @@ EditorOptions EditorOptions::parse(const QStringList &arguments)
         options.answer = "console-editor " CONSOLEWIDGETS_VERSION "\n";
     options.forms = parser.positionalArguments();
     options.model = parser.value(modelOption);
+    options.library = parser.value(libraryOption);
     options.screens = parser.value(screensOption);
     options.check = parser.isSet(checkOption);
     options.json = parser.isSet(jsonOption);

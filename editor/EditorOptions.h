@@ -10,6 +10,7 @@ struct EditorOptions
 {
     QStringList forms; ///< form files; none: the shipped screens
     QString model;     ///< console model; empty: the one the library ships with
+    QString library;   ///< file of the scene library; empty: the operator's own
     QString screens;   ///< folder for pictures of all screens; empty: an editor with a window
     QSize size{1280, 800};
     double scale = 1; ///< of the pictures

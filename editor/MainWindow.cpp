@@ -6,8 +6,10 @@
 #include "console/SimulatedConsole.h"
 #include "editor/Appearance.h"
 #include "editor/ChannelChooser.h"
+#include "editor/EditorPreferences.h"
 #include "editor/OnlineLamp.h"
 #include "editor/ProxyCommands.h"
+#include "editor/SceneDesk.h"
 #include "editor/ScreenPages.h"
 #include "editor/TouchedControl.h"
 #include "editor/TouchStatus.h"
@@ -16,6 +18,7 @@
 #include "widgets/meters/CTimeDisplay.h"
 
 #include <QActionGroup>
+#include <QApplication>
 #include <QFontDatabase>
 #include <QIcon>
 #include <QMenuBar>
@@ -29,6 +32,9 @@ namespace {
 
 constexpr double OfferedRates[] = {5, 20, 100, 1000};
 
+/// How long the status bar shows what was done.
+constexpr int messageMilliseconds = 6000;
+
 /// In points, of which the display takes three quarters.
 constexpr int timeDigits = 15;
 
@@ -36,14 +42,18 @@ constexpr int timeDigits = 15;
 
 struct MainWindow::Private
 {
-    Private(ParameterMemory &boundMemory, SimulatedConsole &boundConsole, MainWindow *window)
-        : memory(boundMemory), console(boundConsole), commands(boundMemory), touched(boundMemory),
+    Private(ParameterMemory &boundMemory, SimulatedConsole &boundConsole, SceneLibrary &library,
+            MainWindow *window)
+        : memory(boundMemory), console(boundConsole), preferences(boundMemory),
+          scenes(boundMemory, library), commands(boundMemory), touched(boundMemory),
           pages(new ScreenPages(boundMemory, window)), channel(new ChannelChooser(window))
     {
     }
 
     ParameterMemory &memory;
     SimulatedConsole &console;
+    EditorPreferences preferences;
+    SceneDesk scenes;
     ProxyCommands commands;
     TouchedControl touched;
     WheelGuard wheelGuard;
@@ -54,18 +64,20 @@ struct MainWindow::Private
     QList<QAction *> controlCommands;
 };
 
-MainWindow::MainWindow(ParameterMemory &memory, SimulatedConsole &console, const QStringList &forms,
-                       QWidget *parent)
-    : QMainWindow(parent), d(std::make_unique<Private>(memory, console, this))
+MainWindow::MainWindow(ParameterMemory &memory, SimulatedConsole &console, SceneLibrary &library,
+                       const QStringList &forms, QWidget *parent)
+    : QMainWindow(parent), d(std::make_unique<Private>(memory, console, library, this))
 {
     setWindowTitle(tr("Console Editor"));
     setWindowIcon(QIcon(":/images/icon-64.png"));
     setCentralWidget(d->pages);
     watchPages();
+    watchScenes();
     d->pages->open(forms.isEmpty() ? ScreenPages::shippedForms() : forms);
     addEditMenu();
     addControlMenu();
     addScreenMenu();
+    addSceneMenu();
     addConsoleMenu();
     addHelpMenu();
     addCorner();
@@ -88,6 +100,11 @@ TouchedControl &MainWindow::touchedControl() const
     return d->touched;
 }
 
+EditorPreferences &MainWindow::preferences() const
+{
+    return d->preferences;
+}
+
 void MainWindow::controlStepped(QWidget *control)
 {
     d->touched.touch(control);
@@ -100,6 +117,20 @@ void MainWindow::watchPages()
     connect(d->pages, &ScreenPages::controlAdded, &d->touched, &TouchedControl::watch);
     connect(d->pages, &ScreenPages::controlAdded, &d->commands, &ProxyCommands::watch);
     connect(d->pages, &ScreenPages::controlAdded, &d->wheelGuard, &WheelGuard::watchControl);
+}
+
+void MainWindow::watchScenes()
+{
+    connect(d->pages, &ScreenPages::pageAdded, &d->scenes,
+            [this](QScrollArea *page) { d->scenes.addPage(page->widget()); });
+    connect(&d->scenes, &SceneDesk::told, this,
+            [this](const QString &line) { statusBar()->showMessage(line, messageMilliseconds); });
+    // What another program does to the library meanwhile is seen on coming back to this one.
+    connect(qApp, &QGuiApplication::applicationStateChanged, &d->scenes,
+            [this](Qt::ApplicationState state) {
+                if (state == Qt::ApplicationActive)
+                    d->scenes.refresh();
+            });
 }
 
 void MainWindow::addEditMenu()
@@ -165,6 +196,26 @@ void MainWindow::addScreenMenu()
     full->setCheckable(true);
     connect(full, &QAction::toggled, this,
             [this](bool on) { setWindowState(windowState().setFlag(Qt::WindowFullScreen, on)); });
+}
+
+void MainWindow::addSceneMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("Sce&nes"));
+    const auto addQuestion = [&](const QString &text, IPreferences::Number number) {
+        QAction *action = menu->addAction(text);
+        action->setCheckable(true);
+        const auto show = [this, action, number] {
+            action->setChecked(d->preferences.isOn(number));
+        };
+        show();
+        connect(&d->preferences, &EditorPreferences::changed, action, show);
+        connect(action, &QAction::toggled, this,
+                [this, number](bool on) { d->preferences.setOn(number, on); });
+    };
+    addQuestion(tr("Ask before &storing"), IPreferences::ConfirmStore);
+    addQuestion(tr("Ask before &recalling"), IPreferences::ConfirmRecall);
+    menu->addSeparator();
+    menu->addAction(tr("&Open the library again"), &d->scenes, &SceneDesk::openAgain);
 }
 
 void MainWindow::addConsoleMenu()

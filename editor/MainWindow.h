@@ -7,8 +7,10 @@
 
 #include <memory>
 
+class EditorPreferences;
 class ParameterMemory;
 class ProxyCommands;
+class SceneLibrary;
 class ScreenPages;
 class SimulatedConsole;
 class TouchedControl;
@@ -19,13 +21,15 @@ class MainWindow : public QMainWindow, public IEditorExtensions
     Q_OBJECT
 
 public:
-    /// Opens the forms. The memory has its model; memory and console outlive the window.
-    MainWindow(ParameterMemory &memory, SimulatedConsole &console, const QStringList &forms,
-               QWidget *parent = nullptr);
+    /// Opens the forms. The memory has its model. The scene library may be closed: its page says so.
+    /// Memory, console and library outlive the window.
+    MainWindow(ParameterMemory &memory, SimulatedConsole &console, SceneLibrary &library,
+               const QStringList &forms, QWidget *parent = nullptr);
     ~MainWindow() override;
 
     ScreenPages &pages() const;
     TouchedControl &touchedControl() const;
+    EditorPreferences &preferences() const;
 
     void controlStepped(QWidget *control) override;
 
@@ -34,10 +38,12 @@ private:
     void addEditMenu();
     void addControlMenu();
     void addScreenMenu();
+    void addSceneMenu();
     void addConsoleMenu();
     void addHelpMenu();
     void addCorner();
     void addStatus();
+    void watchScenes();
     QAction *addCommand(QMenu *menu, const QString &text, void (*command)(QWidget *));
     void enableCommands();
     QWidget *makeTimeDisplay();

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "companions/memory/ParameterMemory.h"
+#include "companions/scenes/SceneLibrary.h"
 #include "console/SimulatedConsole.h"
 #include "editor/Appearance.h"
+#include "editor/DemonstrationScenes.h"
 #include "editor/EditorOptions.h"
+#include "editor/EditorPreferences.h"
 #include "editor/FormReport.h"
 #include "editor/MainWindow.h"
 #include "editor/ScreenPages.h"
@@ -10,6 +13,8 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QStandardPaths>
+#include <QTemporaryDir>
 
 #include <cstdio>
 
@@ -52,16 +57,38 @@ void prepareEnvironment(const EditorOptions &options)
     qputenv("QT_SCALE_FACTOR_ROUNDING_POLICY", "PassThrough");
 }
 
-/// The same console state in every picture: an operator has been at work for a while.
-int renderScreens(const EditorOptions &options, SimulatedConsole &console, MainWindow &window)
+QString ownFile(QStandardPaths::StandardLocation location, const char *name)
 {
+    return QDir(QStandardPaths::writableLocation(location)).filePath(name);
+}
+
+/// An editor goes on without its scenes; the window says what is wrong with them.
+void openLibrary(const EditorOptions &options, SceneLibrary &library)
+{
+    QString error;
+    if (!library.open(options.library.isEmpty()
+                          ? ownFile(QStandardPaths::AppDataLocation, "scenes.sqlite")
+                          : options.library,
+                      &error))
+        fail(error);
+}
+
+/// The same console state in every picture: an operator has been at work for a while.
+int renderScreens(const EditorOptions &options, ParameterMemory &memory, SimulatedConsole &console)
+{
+    const QTemporaryDir folder;
+    SceneLibrary library;
+    QString error;
+    if (!library.open(folder.filePath("scenes.sqlite"), &error))
+        return fail(error);
+    demonstrationscenes::fill(library, memory);
+    MainWindow window(memory, console, library, options.forms);
     constexpr double busyRate = 4000;
     constexpr int workedMilliseconds = 60000;
     console.setRate(options.rate > 0 ? options.rate : busyRate);
     console.step(workedMilliseconds);
     window.resize(options.size);
     window.show();
-    QString error;
     if (!ScreenRenderer(window).render(QDir(options.screens), &error))
         return fail(error);
     return window.pages().allOpened() ? Success : Failure;
@@ -96,9 +123,12 @@ int runEditor(const EditorOptions &options)
     }
     SimulatedConsole console(memory);
     console.setRate(options.rate);
-    MainWindow window(memory, console, options.forms);
     if (!options.screens.isEmpty())
-        return renderScreens(options, console, window);
+        return renderScreens(options, memory, console);
+    SceneLibrary library;
+    openLibrary(options, library);
+    MainWindow window(memory, console, library, options.forms);
+    window.preferences().keepIn(ownFile(QStandardPaths::AppConfigLocation, "settings.ini"));
     console.start();
     window.resize(options.size);
     window.show();

@@ -100,12 +100,19 @@ struct NamedKey
     KeyStrip strip;
 };
 
+constexpr QSize sceneKey(104, 36);
+
 // A key that the console never disables has no picture for it; nor one of its own for being held.
 const NamedKey keys[] = {
     {"key-on", {{34, 22}, "ON", accent::green}},
     {"key-select", {{34, 22}, "SEL", accent::amber}},
     {"key-48v", {{40, 17}, "+48V", accent::red}},
     {"key-pair", {{33, 17}, "PAIR", accent::blue, 2}},
+    {"key-store", {sceneKey, "STORE", accent::red}},
+    {"key-recall", {sceneKey, "RECALL", accent::green}},
+    {"key-clear", {sceneKey, "CLEAR", accent::amber}},
+    {"key-undo", {sceneKey, "UNDO", accent::blue}},
+    {"key-protect", {sceneKey, "PROTECT", accent::teal}},
 };
 
 struct NamedPicture

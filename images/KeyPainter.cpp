@@ -7,6 +7,8 @@
 #include <QImage>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace artwork {
 
 namespace {
@@ -21,6 +23,7 @@ constexpr QColor litLabelColour(16, 17, 18);
 constexpr double corner = 3.5;
 constexpr double labelShare = 0.36; ///< height of the label, of the key's
 constexpr double labelPen = 1.35;
+constexpr double labelPenShare = 0.05; ///< of large keys: width of the pen, of the key's height
 
 struct Face
 {
@@ -67,7 +70,8 @@ void paintKey(QPainter &painter, const KeyStrip &strip, int row)
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(edge, 1));
     painter.drawRoundedRect(body.adjusted(0.5, 0.5, -0.5, -0.5), corner - 0.5, corner - 0.5);
-    painter.setPen(QPen(face.label, labelPen, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const double pen = std::max(labelPen, labelPenShare * strip.cell.height());
+    painter.setPen(QPen(face.label, pen, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPath(strokeText(strip.label, labelShare * strip.cell.height())
                          .translated(body.center() + QPointF(0, face.sink)));
 }

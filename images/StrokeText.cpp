@@ -35,6 +35,30 @@ void addSnake(QPainterPath &path)
     path.cubicTo(1, 1.1, 0.15, 1.06, 0, 0.82);
 }
 
+void addArch(QPainterPath &path)
+{
+    path.moveTo(0.95, 0.2);
+    path.cubicTo(0.75, -0.1, 0, -0.1, 0, 0.5);
+    path.cubicTo(0, 1.1, 0.75, 1.1, 0.95, 0.8);
+}
+
+void addBelly(QPainterPath &path)
+{
+    path.moveTo(0, 0);
+    path.lineTo(0.4, 0);
+    path.cubicTo(1.15, 0, 1.15, 1, 0.4, 1);
+    path.lineTo(0, 1);
+    path.closeSubpath();
+}
+
+void addCup(QPainterPath &path)
+{
+    path.moveTo(0, 0);
+    path.lineTo(0, 0.66);
+    path.cubicTo(0, 1.11, 1, 1.11, 1, 0.66);
+    path.lineTo(1, 0);
+}
+
 /// In a box of 1 by 1.
 QPainterPath glyph(char letter)
 {
@@ -47,6 +71,8 @@ QPainterPath glyph(char letter)
         path.addEllipse(QRectF(0, 0.46, 1, 0.54));
         break;
     case 'A': lines(path, {{0, 1}, {0.5, 0}, {1, 1}}); lines(path, {{0.17, 0.68}, {0.83, 0.68}}); break;
+    case 'C': addArch(path); break;
+    case 'D': addBelly(path); break;
     case 'E': lines(path, {{0.9, 0}, {0, 0}, {0, 1}, {0.9, 1}}); lines(path, {{0, 0.5}, {0.75, 0.5}}); break;
     case 'I': lines(path, {{0.5, 0}, {0.5, 1}}); break;
     case 'L': lines(path, {{0, 0}, {0, 1}, {0.9, 1}}); break;
@@ -55,6 +81,8 @@ QPainterPath glyph(char letter)
     case 'P': addBowl(path); break;
     case 'R': addBowl(path); lines(path, {{0.5, 0.54}, {1, 1}}); break;
     case 'S': addSnake(path); break;
+    case 'T': lines(path, {{0, 0}, {1, 0}}); lines(path, {{0.5, 0}, {0.5, 1}}); break;
+    case 'U': addCup(path); break;
     case 'V': lines(path, {{0, 0}, {0.5, 1}, {1, 0}}); break;
     default: break;
     }

@@ -8,6 +8,7 @@
 #include <QSqlError>
 #include <QUrl>
 
+#include <algorithm>
 #include <atomic>
 
 namespace {
@@ -102,7 +103,8 @@ void SceneFile::openForReading()
 try {
     // Without a log beside it the file is complete, and can be read where no log can be made.
     const QFileInfo log(m_name + QStringLiteral("-wal"));
-    const QString mode = log.size() > 0 ? QStringLiteral("mode=ro") : QStringLiteral("immutable=1");
+    const QString mode =
+        log.isFile() && log.size() > 0 ? QStringLiteral("mode=ro") : QStringLiteral("immutable=1");
     connect(QStringLiteral("file:%1?%2")
                 .arg(QString::fromLatin1(QUrl::toPercentEncoding(m_name, "/")), mode),
             QStringLiteral(";QSQLITE_OPEN_URI;QSQLITE_OPEN_READONLY"));
@@ -145,7 +147,8 @@ void SceneFile::limitSize(qint64 bytes)
 {
     constexpr qint64 mostPages = 0x7ffffffe;
     const qint64 page = value(QStringLiteral("PRAGMA page_size")).toLongLong();
-    run(QStringLiteral("PRAGMA max_page_count = %1").arg(bytes > 0 ? bytes / page : mostPages));
+    const qint64 pages = bytes > 0 ? std::max<qint64>(bytes / page, 1) : mostPages;
+    run(QStringLiteral("PRAGMA max_page_count = %1").arg(pages));
 }
 
 QSqlQuery SceneFile::run(const QString &statement, const QVariantList &values) const

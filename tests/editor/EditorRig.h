@@ -2,6 +2,7 @@
 #pragma once
 
 #include "companions/memory/ParameterMemory.h"
+#include "companions/scenes/SceneLibrary.h"
 #include "console/SimulatedConsole.h"
 #include "editor/BoundControls.h"
 #include "editor/MainWindow.h"
@@ -11,6 +12,7 @@
 
 #include <QApplication>
 #include <QScrollArea>
+#include <QTemporaryDir>
 #include <QTest>
 
 /// An editor with the shipped screens, on a console that does nothing of its own.
@@ -20,7 +22,9 @@ struct EditorRig
     {
         console.setRate(0);
         console.step(1000);
-        window = std::make_unique<MainWindow>(memory, console, QStringList());
+        if (!library.open(folder.filePath("scenes.sqlite")))
+            qFatal("no scene library");
+        window = std::make_unique<MainWindow>(memory, console, library, QStringList());
         window->resize(1280, 800);
         window->show();
         QApplication::setActiveWindow(window.get());
@@ -62,5 +66,7 @@ struct EditorRig
     ParameterMemory memory;
     bool loaded;
     SimulatedConsole console;
+    QTemporaryDir folder;
+    SceneLibrary library;
     std::unique_ptr<MainWindow> window;
 };

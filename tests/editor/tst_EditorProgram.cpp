@@ -78,7 +78,7 @@ void TestEditorProgram::screensAreDrawnAlikeEveryTime()
     const QStringList names = QDir(path("first")).entryList({"*.png"}, QDir::Files, QDir::Name);
     QCOMPARE(names, QStringList({"bus-patch.png", "channel-strips.png", "dynamics.png",
                                  "head-amps.png", "input-patch.png", "masters.png",
-                                 "meter-bridge.png", "selected-channel.png"}));
+                                 "meter-bridge.png", "scenes.png", "selected-channel.png"}));
     for (const QString &name : names) {
         const QImage first(path("first/" + name));
         QCOMPARE(first.size(), QSize(1280, 800));
@@ -217,7 +217,7 @@ void TestEditorProgram::helpAndVersionNeedNoDisplay()
 {
     const Run help = run({"--help"});
     QCOMPARE(help.status, 0);
-    for (const char *option : {"--model", "--screens", "--check", "--json", "--rate", "--size", "--scale", "FORM"})
+    for (const char *option : {"--model", "--library", "--screens", "--check", "--json", "--rate", "--size", "--scale", "FORM"})
         QVERIFY2(help.output.contains(option), option);
     const Run version = run({"--version"});
     QCOMPARE(version.status, 0);
