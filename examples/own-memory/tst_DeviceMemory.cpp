@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Controls keep their contract on the device's memory, too.
+// The device's memory does what controls rely on, and they keep their contract on it.
 #include "DeviceMemory.h"
 
 #include "testkit/BoundContract.h"
+#include "testkit/MemoryContract.h"
 #include "widgets/buttons/COnOffButton.h"
 #include "widgets/controls/CDial.h"
 
@@ -12,11 +13,14 @@
 int main(int argc, char **argv)
 {
     QApplication app(argc, argv);
-    BoundContract contract;
-    contract.add<CDial>();
-    contract.add<COnOffButton>();
-    contract.except("COnOffButton", BoundContract::ReadsLater);
-    contract.addMemory("device", {0, 3, ToyDevice::Mute},
-                       [] { return std::make_unique<DeviceMemory>(); });
-    return QTest::qExec(&contract, argc, argv);
+    constexpr IMemAPI::TSingleBaseAddress mute{0, 3, ToyDevice::Mute};
+    const auto make = [] { return std::make_unique<DeviceMemory>(); };
+    MemoryContract memory(mute, make);
+
+    BoundContract controls;
+    controls.add<CDial>();
+    controls.add<COnOffButton>();
+    controls.except("COnOffButton", BoundContract::ReadsLater);
+    controls.addMemory("device", mute, make);
+    return QTest::qExec(&memory, argc, argv) | QTest::qExec(&controls, argc, argv);
 }
