@@ -21,7 +21,9 @@ endforeach()
 foreach(library IN LISTS console_libraries)
     set_target_properties(${library} PROPERTIES
         VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
-        INSTALL_RPATH "$ORIGIN")
+        INSTALL_RPATH "$ORIGIN" LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/private.map)
+    target_link_options(${library} PRIVATE
+        "LINKER:--version-script=${PROJECT_SOURCE_DIR}/cmake/private.map")
 endforeach()
 file(RELATIVE_PATH console_back "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
 set_target_properties(console-editor PROPERTIES INSTALL_RPATH "$ORIGIN/${console_back}")

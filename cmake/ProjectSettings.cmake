@@ -15,6 +15,14 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
     set(CMAKE_BUILD_TYPE Release)
 endif()
 
+option(BUILD_TESTING "Build the tests" ON)
+if(BUILD_TESTING)
+    enable_testing()
+else()
+    # Some classes are exported for their tests alone.
+    add_compile_definitions(CONSOLEWIDGETS_UNTESTED)
+endif()
+
 option(CONSOLEWIDGETS_WERROR "Treat compiler warnings as errors" OFF)
 set(CONSOLEWIDGETS_SANITIZE "" CACHE STRING
     "Sanitizers to build with: empty, \"address,undefined\" or \"thread\"")

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "interfaces/Export.h"
+#include "companions/memory/TestedExport.h"
 #include "interfaces/IMemAPI.h"
 #include "interfaces/IParameterNames.h"
 
@@ -18,7 +18,7 @@ class ConsoleModel;
 /// separated by ";", serve the kinds of channel one after the other, and the element given is then
 /// a channel: the first name takes the channels from 0 up to the size of its parameter, every
 /// further one is led by two more hexadecimal digits, the number of channels that it takes.
-class CONSOLECOMPANIONS_EXPORT NameIndex
+class CONSOLECOMPANIONS_TESTED NameIndex
 {
 public:
     using Outcome = IParameterNames::Outcome;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "interfaces/Export.h"
+#include "companions/memory/TestedExport.h"
 #include "interfaces/IUndoRecord.h"
 
 #include <QElapsedTimer>
@@ -19,7 +19,7 @@ class UndoStep;
 /// one step as long as they follow each other within a second and nothing else is done between
 /// them. A step that leads back to where it began is taken off again: undoing it would do nothing.
 /// GUI thread.
-class CONSOLECOMPANIONS_EXPORT UndoHistory : public QObject
+class CONSOLECOMPANIONS_TESTED UndoHistory : public QObject
 {
 public:
     /// How undo steps reach the parameters.

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "widgets/Export.h"
+#include "widgets/TestedExport.h"
 
 #include <QHash>
 #include <QStringList>
 
 /// The items of a value menu and their places: an item's position in the list is its memory position,
 /// its position in the menu is the same or, in a sorted menu, the place of its number among all numbers.
-class CONSOLEWIDGETS_EXPORT MenuItems
+class CONSOLEWIDGETS_TESTED MenuItems
 {
 public:
     /// An item without a place in a sorted menu.

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "widgets/Export.h"
+#include "widgets/TestedExport.h"
 
 #include <QLabel>
 #include <QPointer>
 
 /// The small yellow popup that tells a dial's value while the pointer is on the dial. It hangs under
 /// the dial's left edge, a sibling of the dial (a tool tip window when the dial has no parent).
-class CONSOLEWIDGETS_EXPORT CDialTip : public QLabel
+class CONSOLEWIDGETS_TESTED CDialTip : public QLabel
 {
     Q_OBJECT
 

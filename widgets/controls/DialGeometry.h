@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "widgets/Export.h"
+#include "widgets/TestedExport.h"
 
 #include <QPointF>
 
 /// The arithmetic of a knob: how a drag around its centre turns it, and how angles, values and picture
 /// rows correspond. Points are in screen coordinates, y growing downwards. Angles of the knob are in
 /// radians, clockwise from twelve o'clock.
-class CONSOLEWIDGETS_EXPORT DialGeometry
+class CONSOLEWIDGETS_TESTED DialGeometry
 {
 public:
     /// The sweep of the knob, in degrees from twelve o'clock.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "widgets/Export.h"
+#include "widgets/TestedExport.h"
 
 #include <QPoint>
 #include <QSize>
@@ -11,7 +11,7 @@
 /// Plots static transfer curves as the console's display does: a segment for every decibel of input,
 /// pixel by pixel, without smoothing. Both axes begin at -72 dB, in the lower left corner; levels above
 /// +18 dB are not shown.
-class CONSOLEWIDGETS_EXPORT SegmentPlotter
+class CONSOLEWIDGETS_TESTED SegmentPlotter
 {
 public:
     static constexpr int LowestLevel = -72;

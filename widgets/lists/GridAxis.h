@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "widgets/Export.h"
+#include "widgets/TestedExport.h"
 
 #include <QStringView>
 
@@ -18,7 +18,7 @@ struct CCellProp
 
 /// The columns or the rows of a grid: where they are, and which is at a pixel. No question takes longer
 /// in a larger grid, apart from a binary search.
-class CONSOLEWIDGETS_EXPORT GridAxis
+class CONSOLEWIDGETS_TESTED GridAxis
 {
 public:
     /// What is outside these takes the default.

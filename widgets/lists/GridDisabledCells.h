@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "widgets/Export.h"
+#include "widgets/TestedExport.h"
 
 #include <QRect>
 #include <QStringView>
@@ -9,7 +9,7 @@
 #include <vector>
 
 /// The cells of a grid that connect nothing: rectangles of cells that were named in text.
-class CONSOLEWIDGETS_EXPORT GridDisabledCells
+class CONSOLEWIDGETS_TESTED GridDisabledCells
 {
 public:
     /// Adds the rectangles of a list "(column,row,columns,rows); ...". What does not begin like that is

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "widgets/Export.h"
+#include "widgets/TestedExport.h"
 
 #include <QHash>
 #include <QStringView>
@@ -11,7 +11,7 @@
 
 /// How the fields and channels of a grid are numbered in the memory: gaps in the fields' numbers, the
 /// bits that stand for fields, channels that changed places.
-class CONSOLEWIDGETS_EXPORT GridNumbering
+class CONSOLEWIDGETS_TESTED GridNumbering
 {
 public:
     static constexpr int Bits = 32;

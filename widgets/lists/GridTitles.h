@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "widgets/Export.h"
+#include "widgets/TestedExport.h"
 
 #include <QStringList>
 
@@ -9,7 +9,7 @@
 
 /// What the channels or fields of a grid are called: a list "CH 1..48; ST 1L; ST 1R", in which a run
 /// stands for titles with ascending numbers.
-class CONSOLEWIDGETS_EXPORT GridTitles
+class CONSOLEWIDGETS_TESTED GridTitles
 {
 public:
     const QString &text() const { return m_text; }

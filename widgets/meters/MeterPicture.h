@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "widgets/Export.h"
+#include "widgets/TestedExport.h"
 
 #include <QRect>
 #include <QVarLengthArray>
@@ -27,7 +27,7 @@ struct MeterBands
 };
 
 /// How a meter is lit at a row of its scale: arithmetic without a widget.
-class CONSOLEWIDGETS_EXPORT MeterPicture
+class CONSOLEWIDGETS_TESTED MeterPicture
 {
 public:
     enum class Kind {

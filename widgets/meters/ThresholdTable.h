@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "widgets/Export.h"
+#include "widgets/TestedExport.h"
 
 #include <atomic>
 #include <memory>
@@ -9,7 +9,7 @@
 
 /// Level codes in ascending order that a delivering thread searches while the main thread may put
 /// others in their place. What was replaced is kept until nobody can be searching it any more.
-class CONSOLEWIDGETS_EXPORT ThresholdTable
+class CONSOLEWIDGETS_TESTED ThresholdTable
 {
 public:
     ThresholdTable();

@@ -1,0 +1,33 @@
+# SPDX-License-Identifier: MIT
+# The libraries of BUILD export nothing of the classes whose headers are not installed. For a build
+# without tests: for their sake more is exported.
+include(${CMAKE_CURRENT_LIST_DIR}/../PublicHeaders.cmake)
+console_public_headers(${SOURCE} public)
+file(GLOB_RECURSE headers RELATIVE ${SOURCE} ${SOURCE}/widgets/*.h ${SOURCE}/companions/*.h)
+list(REMOVE_ITEM headers ${public})
+list(TRANSFORM headers REPLACE ".*/(.*)\\.h" "\\1" OUTPUT_VARIABLE classes)
+list(JOIN classes "|" classes)
+
+file(GLOB_RECURSE libraries ${BUILD}/widgets/lib*.so ${BUILD}/companions/lib*.so)
+if(NOT libraries)
+    message(FATAL_ERROR "There are no libraries in ${BUILD}.")
+endif()
+foreach(library IN LISTS libraries)
+    execute_process(COMMAND nm -DC --defined-only ${library}
+        OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
+    string(REGEX MATCHALL "[^\n]+" symbols "${symbols}")
+    set(count 0)
+    foreach(symbol IN LISTS symbols)
+        math(EXPR count "${count} + 1")
+        if(symbol MATCHES " [A-Z] (.* for |[^(]* )?(${classes})(::|$)|::Private|anonymous namespace")
+            list(APPEND leaks ${symbol})
+        endif()
+    endforeach()
+    get_filename_component(name ${library} NAME)
+    message(STATUS "${name}: ${count} symbols")
+endforeach()
+if(leaks)
+    list(JOIN leaks "\n" leaks)
+    message("${leaks}")
+    message(FATAL_ERROR "A library exports what is its own.")
+endif()
