@@ -28,10 +28,13 @@ QImage render(const Artwork &artwork, int density)
 bool write(const Artwork &artwork, int density, const QString &folder)
 {
     // The resource compiler compresses much better than PNG does: it sees across the cells of a
-    // strip how alike they are.
+    // strip how alike they are. Icons are installed as files, too.
     constexpr int uncompressed = 100;
+    constexpr int compressed = 0;
+    const bool icon = artwork.name.startsWith(QLatin1String("icon-"));
     return render(artwork, density)
-        .save(QDir(folder).filePath(fileName(artwork, density)), "PNG", uncompressed);
+        .save(QDir(folder).filePath(fileName(artwork, density)), "PNG",
+              icon ? compressed : uncompressed);
 }
 
 } // namespace artwork
