@@ -375,6 +375,7 @@ void tst_CMeter::survivesAnySize_data()
     QTest::newRow("no width") << QSize(0, 20);
     QTest::newRow("a pixel") << QSize(1, 1);
     QTest::newRow("larger than the pictures") << QSize(50, 400);
+    QTest::newRow("less high than the pictures") << QSize(10, 3);
 }
 
 void tst_CMeter::survivesAnySize()
@@ -383,16 +384,24 @@ void tst_CMeter::survivesAnySize()
     Rig rig;
     dress(rig.meter, {10, 136});
     rig.meter.setFixedSize(size);
-    for (const auto selector : {CMeter::eMtr_Normal, CMeter::eMtr_Sigma, CMeter::eMtr_CompGR,
-                                CMeter::eMtr_GR, CMeter::eMtr_Layer}) {
-        rig.meter.setMeterSelector(selector);
-        for (const int code : {0, 50, 127, 16383}) {
-            rig.read(code, 127);
-            rig.meter.grab();
+    const auto readAll = [&rig] {
+        for (const auto selector : {CMeter::eMtr_Normal, CMeter::eMtr_Sigma, CMeter::eMtr_CompGR,
+                                    CMeter::eMtr_GR, CMeter::eMtr_Layer}) {
+            rig.meter.setMeterSelector(selector);
+            for (const int code : {0, 50, 127, 16383}) {
+                rig.read(code, 127);
+                rig.meter.grab();
+                rig.meter.erasePixmap();
+            }
         }
-    }
-    rig.meter.setValue(1000);
-    rig.meter.grab();
+        rig.meter.setValue(1000);
+        rig.meter.grab();
+    };
+    readAll();
+    rig.meter.setMeterBgndImage(QPixmap(1, 1));
+    readAll();
+    rig.meter.setChangeMeterImage(QPixmap(2, 1));
+    readAll();
 }
 
 QTEST_MAIN(tst_CMeter)

@@ -41,6 +41,8 @@ private Q_SLOTS:
     void aShortTableOfTheMemory();
     void picturesAreCutAlongTheDirection_data();
     void picturesAreCutAlongTheDirection();
+    void stripsThatAreTooSmall_data();
+    void stripsThatAreTooSmall();
     void aPictureBeyondTheLastIsTheFirst();
     void looksAreHeldAgainstTheNumberOfPictures();
     void countsBelowOneAreOne();
@@ -174,6 +176,40 @@ void tst_CPixmapMeter::picturesAreCutAlongTheDirection()
     const QColor expected = teststrip::colour(cell.x(), cell.y());
     QCOMPARE(shownColour(rig.meter), expected);
     QCOMPARE(rig.meter.erasePixmap().toImage().pixelColor(1, 1), expected);
+}
+
+void tst_CPixmapMeter::stripsThatAreTooSmall_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("none") << QSize();
+    QTest::newRow("a pixel") << QSize(1, 1);
+    QTest::newRow("less high than there are pictures") << QSize(12, 3);
+    QTest::newRow("less wide than there are looks") << QSize(1, 40);
+}
+
+void tst_CPixmapMeter::stripsThatAreTooSmall()
+{
+    QFETCH(QSize, size);
+    Rig rig;
+    for (const auto direction : {CPixmapMeter::RowImages, CPixmapMeter::ColImages}) {
+        rig.meter.setSubDirection(direction);
+        rig.meter.setCombinedImage(size.isValid() ? QPixmap(size) : QPixmap());
+        rig.meter.setnSubImages(4);
+        rig.meter.setnImageCategories(2);
+        rig.meter.setBoundList("1;2;3");
+        rig.bind();
+        for (const int code : {0, 1, 2, 0x3FFF}) {
+            rig.meter.setCurrentImage(code & 3);
+            rig.read(code);
+            rig.meter.grab();
+            rig.meter.erasePixmap();
+            rig.meter.sizeHint();
+        }
+    }
+    rig.meter.setCurrentImage(0);
+    rig.meter.setCombinedImage(teststrip::make(2, 4, Cell));
+    rig.meter.adjustParams();
+    QCOMPARE(shownColour(rig.meter), teststrip::colour(0, 3));
 }
 
 void tst_CPixmapMeter::aPictureBeyondTheLastIsTheFirst()

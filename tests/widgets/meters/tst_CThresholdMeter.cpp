@@ -60,6 +60,8 @@ private Q_SLOTS:
     void goingOfflineForgetsTheReading();
     void statesWithoutAPictureAreIgnored();
     void countsAreNotChecked();
+    void stripsThatAreTooSmall_data();
+    void stripsThatAreTooSmall();
     void otherThreadsOnlyStoreTheReading();
     void onlyAnotherStateCostsAPaint();
     void subscribesAtTheNextAttach();
@@ -227,6 +229,35 @@ void tst_CThresholdMeter::countsAreNotChecked()
         rig.meter.grab();
         rig.meter.sizeHint();
     }
+}
+
+void tst_CThresholdMeter::stripsThatAreTooSmall_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("none") << QSize();
+    QTest::newRow("a pixel") << QSize(1, 1);
+    QTest::newRow("less high than there are pictures") << QSize(12, 4);
+}
+
+void tst_CThresholdMeter::stripsThatAreTooSmall()
+{
+    QFETCH(QSize, size);
+    Rig rig;
+    rig.meter.setThresholdLevel(50);
+    rig.switchOn();
+    rig.meter.setCombinedImage(size.isValid() ? QPixmap(size) : QPixmap());
+    for (const int code : {0, 60, 127}) {
+        rig.read(code);
+        rig.meter.adjustParams();
+        rig.meter.triggerUpdate();
+        rig.meter.grab();
+        rig.meter.erasePixmap();
+        rig.meter.sizeHint();
+    }
+    rig.meter.setCombinedImage(teststrip::make(1, 5, Cell));
+    rig.meter.adjustParams();
+    rig.meter.triggerUpdate();
+    QCOMPARE(rig.shownRow(), 3);
 }
 
 void tst_CThresholdMeter::otherThreadsOnlyStoreTheReading()
