@@ -2,6 +2,7 @@
 #include "images/Catalogue.h"
 
 #include "images/BallPainter.h"
+#include "images/ClassIconPainter.h"
 #include "images/GraphPainter.h"
 #include "images/IconPainter.h"
 #include "images/KeyPainter.h"
@@ -188,6 +189,11 @@ std::vector<Artwork> catalogue()
     for (const NamedPicture &picture : pictures) {
         all.push_back({picture.name, picture.size,
                        [&picture](QPainter &painter) { picture.paint(painter, picture.size); }});
+    }
+    for (const ClassIcon &icon : classIcons()) {
+        constexpr QSize size(classIconSide, classIconSide);
+        all.push_back(
+            {icon.name, size, [&icon, size](QPainter &painter) { icon.paint(painter, size); }});
     }
     return all;
 }

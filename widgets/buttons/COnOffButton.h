@@ -40,6 +40,7 @@ class CONSOLEWIDGETS_EXPORT COnOffButton : public QPushButton, public TMemProxy
     Q_PROPERTY(bool disabledUI READ disabledUI WRITE setDisabledUI)
     /// A key with a bool clip value can be clicked off, writing 0.
     Q_PROPERTY(bool hasOffState READ hasOffState WRITE setHasOffState)
+    /// 0 (default): the key writes 1 and 0. N above 0: it is on while the parameter holds N - 1.
     Q_PROPERTY(int boolClipValue READ boolClipValue WRITE setBoolClipValue)
     /// On is shown where the value means off.
     Q_PROPERTY(bool invertedLogic READ invertedLogic WRITE setInvertedLogic)

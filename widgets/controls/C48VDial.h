@@ -7,7 +7,8 @@
 class CONSOLEWIDGETS_EXPORT C48VDial : public CDial
 {
     Q_OBJECT
-    /// See C48V::xtraInfo.
+    /// Extra addressing text, "element,index": where the parameters of the head amps' ports begin;
+    /// empty (default): where the console's model has them.
     Q_PROPERTY(QString xtraInfo READ xtraInfo WRITE setXtraInfo)
 
 public:

@@ -27,7 +27,7 @@ class CONSOLEWIDGETS_EXPORT CGrid : public QWidget, public TMemProxy
 {
     Q_OBJECT
     BOUND_PROPERTIES
-    /// Rows and columns; default 16.
+    /// Rows (horCount) and columns (verCount); default 16. Set them before the sizes.
     Q_PROPERTY(int horCount READ horCount WRITE setHorCount)
     Q_PROPERTY(int verCount READ verCount WRITE setVerCount)
     /// Bit n of a mask is bit (groupIndexStart + n - 1) of the value; default 1.
@@ -46,10 +46,15 @@ class CONSOLEWIDGETS_EXPORT CGrid : public QWidget, public TMemProxy
     Q_PROPERTY(QString disabledRects READ disabledRects WRITE setDisabledRects)
     /// Of the cross-hair's lines, 2 to 13 pixels; default 3.
     Q_PROPERTY(int cursorThickness READ cursorThickness WRITE setCursorThickness)
+    /// Whether channels are the columns (default) or the rows.
     Q_PROPERTY(GridOrientation orientation READ orientation WRITE setOrientation)
+    /// A channel's value is a mask with a bit per field (default), or the number of its one field.
     Q_PROPERTY(bool valueAsBitMask READ valueAsBitMask WRITE setValueAsBitMask)
+    /// Colour of the cross-hair.
     Q_PROPERTY(QColor cursorLineColor READ cursorLineColor WRITE setCursorLineColor)
+    /// Colour of the lines between cells.
     Q_PROPERTY(QColor gridLineColor READ gridLineColor WRITE setGridLineColor)
+    /// A channel has a parameter per field, at consecutive indexes. Default false.
     Q_PROPERTY(bool multiMode READ multiMode WRITE setMultiMode)
     /// What channels and fields are called: "CH 1..48; ST 1L; ST 1R". Without: "Channel 7", "Field 3".
     Q_PROPERTY(QString channelTitles READ channelTitles WRITE setChannelTitles)

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "widgets/Export.h"
+
+#include <QString>
+
+#include <span>
+
+struct QMetaObject;
+
+/// What the headers say of the properties of the library's widgets, for those who offer them to form
+/// authors. Taken from the comments while the library is built.
+namespace propertynotes {
+
+struct Note
+{
+    const char *className;
+    const char *property;
+    const char *text;
+};
+
+std::span<const Note> all();
+
+/// The meaning of a property of a registered class or of what it derives from; empty for Qt's own.
+CONSOLEWIDGETS_EXPORT QString of(const QMetaObject &meta, const QString &property);
+
+} // namespace propertynotes
