@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "tests/support/RecordingMemory.h"
+#include "testkit/RecordingMemory.h"
 #include "widgets/lists/CListWidge.h"
 
 #include <QApplication>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "interfaces/TMemProxy.h"
+#include "testkit/RecordingMemory.h"
 #include "tests/support/PaintEventsOnly.h"
-#include "tests/support/RecordingMemory.h"
 
 #include <QApplication>
 #include <QPainter>

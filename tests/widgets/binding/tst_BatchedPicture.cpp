@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // However a picture is drawn, the screen shows what painting the window anew would show.
-#include "tests/support/RecordingMemory.h"
-#include "tests/support/TestStrip.h"
+#include "testkit/RecordingMemory.h"
+#include "testkit/TestStrip.h"
 #include "widgets/binding/BatchedPicture.h"
 #include "widgets/binding/DrawnRegion.h"
 #include "widgets/controls/CDial.h"

@@ -9,7 +9,6 @@
 #include <QAccessible>
 #include <QLineEdit>
 #include <QPixmapCache>
-#include <QWheelEvent>
 
 Q_DECLARE_METATYPE(Qt::KeyboardModifiers)
 
@@ -39,13 +38,6 @@ public:
 private:
     PaintEventsOnly m_events;
 };
-
-void wheel(QWidget &dial, const QPointF &at, int delta)
-{
-    QWheelEvent event(at, dial.mapToGlobal(at), {}, {0, delta}, Qt::NoButton, {},
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&dial, &event);
-}
 
 QColor centreOf(QWidget &widget)
 {
@@ -299,7 +291,7 @@ void tst_CDial::wheelStepsByWholeNotches()
     QFETCH(QPointF, at);
     DialRig rig(0, 100, 50);
     rig.bind();
-    wheel(rig.dial, at, delta);
+    gesture::wheelBy(rig.dial, delta, at);
     QTEST(rig.dial.value(), "value");
     QCOMPARE(rig.writes().size(), rig.dial.value() == 50 ? 0 : 1);
 }
@@ -312,7 +304,7 @@ void tst_CDial::wheelTellsTheNearestEditor()
     auto *panel = new QWidget(&inner);
     auto *dial = new CDial(panel);
     dial->resize(20, 20);
-    wheel(*dial, {5, 5}, 120);
+    gesture::wheel(*dial, 1);
     QCOMPARE(inner.stepped, QList<QWidget *>{dial});
     QVERIFY(editor.stepped.isEmpty());
     inner.setParent(nullptr);
@@ -398,12 +390,7 @@ void tst_CDial::aTypedDigitOpensTheFieldAndReturnWritesOnce()
     rig.bind();
     rig.show();
     rig.memory.typedValue = 42;
-    QTest::keyClick(&rig.dial, Qt::Key_4);
-    auto *field = rig.dial.findChild<QLineEdit *>();
-    QVERIFY(field);
-    QTest::keyClick(field, Qt::Key_2);
-    QCOMPARE(field->text(), QStringLiteral("42"));
-    QTest::keyClick(field, Qt::Key_Return);
+    QVERIFY(gesture::typeNumber(rig.dial, QStringLiteral("42")));
     QCOMPARE(rig.memory.take({"numberToValue", "writeValue"}),
              QStringList({"numberToValue 42 0", "writeValue 3 7 2 = 42 token 9"}));
     QCOMPARE(rig.dial.value(), 42);
@@ -422,7 +409,7 @@ void tst_CDial::tipFollowsPointerAndText()
     QEnterEvent enter({5, 5}, {5, 5}, {5, 5});
     QApplication::sendEvent(&rig.dial, &enter);
     QVERIFY(tip->isVisible() && tip->width() > 0);
-    wheel(rig.dial, {5, 5}, 120);
+    gesture::wheel(rig.dial, 1);
     QCOMPARE(tip->text(), QStringLiteral("<51>"));
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(&rig.dial, &leave);
