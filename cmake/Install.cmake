@@ -50,6 +50,12 @@ install(FILES ${PROJECT_BINARY_DIR}/ConsoleWidgetsConfig.cmake
     ${PROJECT_BINARY_DIR}/ConsoleWidgetsConfigVersion.cmake
     DESTINATION ${console_cmake} COMPONENT devel)
 
+# Qt's own folder of plugins, below this prefix.
+set(console_plugin ${QT6_INSTALL_PLUGINS}/designer)
+file(RELATIVE_PATH console_back "/${console_plugin}" "/${CMAKE_INSTALL_LIBDIR}")
+set_target_properties(ConsoleWidgetsDesigner PROPERTIES INSTALL_RPATH "$ORIGIN/${console_back}")
+install(TARGETS ConsoleWidgetsDesigner LIBRARY DESTINATION ${console_plugin} COMPONENT designer)
+
 install(TARGETS console-editor RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT editor)
 install(FILES ${PROJECT_SOURCE_DIR}/editor/console-editor.desktop
     DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT editor)

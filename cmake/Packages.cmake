@@ -56,11 +56,9 @@ a simulated console.")
 set(CPACK_DEBIAN_EDITOR_PACKAGE_DEPENDS "${libraries} ${same_version}, qt6-qpa-plugins")
 set(CPACK_DEBIAN_EDITOR_PACKAGE_RECOMMENDS "qt6-wayland, hicolor-icon-theme")
 
-if(TARGET ConsoleWidgetsDesigner)
-    console_package(designer consolewidgets-designer devel
-        "plugin of Qt Designer for the controls of a mixing console"
-        "Lets Qt Designer place the controls of libconsolewidgets and show them as they are.")
-    set(CPACK_DEBIAN_DESIGNER_PACKAGE_DEPENDS "${libraries} ${same_version}")
-    set(CPACK_DEBIAN_DESIGNER_PACKAGE_RECOMMENDS designer-qt6)
-endif()
+console_package(designer consolewidgets-designer devel
+    "plugin of Qt Designer for the controls of a mixing console"
+    "Lets Qt Designer place the controls of libconsolewidgets and show them as they are.")
+set(CPACK_DEBIAN_DESIGNER_PACKAGE_DEPENDS "${libraries} ${same_version}")
+set(CPACK_DEBIAN_DESIGNER_PACKAGE_RECOMMENDS designer-qt6)
 include(CPack)

@@ -49,9 +49,11 @@ install ./libconsolewidgets-dev_*.deb cmake ninja-build g++
 timed "configuring" cmake -S consumer -B build -G Ninja -DEXAMPLES="$workplace/examples"
 timed "building" cmake --build build
 timed "running" ctest --test-dir build --output-on-failure
-if compgen -G "$packages/consolewidgets-designer_*.deb" >/dev/null; then
-    install ./consolewidgets-designer_*.deb
-fi
+install ./consolewidgets-designer_*.deb
+plugin=$(find "$root/usr/lib" -path '*/qt6/plugins/designer/*' -name '*ConsoleWidgets*.so')
+[[ -n $plugin ]] || fail "the plugin of Designer is not where Qt looks for it"
+missing=$(inside ldd "${plugin#"$root"}" | grep "not found" || true)
+[[ -z $missing ]] || fail "the plugin of Designer lacks: $missing"
 keep_fetched_packages
 
 timed "removing" env DEBIAN_FRONTEND=noninteractive apt-get -qq -y purge 'libconsolewidgets*' \
