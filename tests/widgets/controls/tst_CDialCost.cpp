@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What keeps the dial fast, counted instead of timed: paints, allocations, renderings, deliveries.
 #include "companions/memory/ParameterMemory.h"
+#include "tests/support/PaintEventsOnly.h"
 #include "testkit/TestStrip.h"
 #include "widgets/binding/TCacheServer.h"
 #include "widgets/controls/CDial.h"
@@ -72,6 +73,9 @@ public:
         return false;
     }
     int paints = 0;
+
+private:
+    PaintEventsOnly m_events;
 };
 
 /// Counts the events that are no events of the toolkit.
@@ -112,7 +116,10 @@ public:
 class CountingDial : public CDial
 {
 public:
-    using CDial::CDial;
+    explicit CountingDial(QWidget *parent) : CDial(parent)
+    {
+        drawsLikeDial(typeid(CountingDial));
+    }
     void process(const Q_UINT8 *bytes, int operation, Q_UINT32 extra) override
     {
         ++calls;
@@ -195,11 +202,16 @@ void tst_CDialCost::aChangeAllocatesItsTextAtMost_data()
     QTest::addColumn<int>("tableId");
     QTest::addColumn<bool>("heard");
     QTest::addColumn<int>("texts");
+    QTest::addColumn<bool>("batched");
 
-    QTest::newRow("text from a table, nobody listens") << 0 << false << 0;
-    QTest::newRow("text from a table, shown") << 0 << true << 0;
-    QTest::newRow("number without a table, nobody listens") << 9999 << false << 1;
-    QTest::newRow("number without a table, shown") << 9999 << true << 1;
+    for (const bool batched : {false, true}) {
+        const char *how = batched ? "in a batch" : "by an event";
+        QTest::addRow("text from a table, nobody listens, %s", how) << 0 << false << 0 << batched;
+        QTest::addRow("text from a table, shown, %s", how) << 0 << true << 0 << batched;
+        QTest::addRow("number without a table, nobody listens, %s", how)
+            << 9999 << false << 1 << batched;
+        QTest::addRow("number without a table, shown, %s", how) << 9999 << true << 1 << batched;
+    }
 }
 
 void tst_CDialCost::aChangeAllocatesItsTextAtMost()
@@ -210,6 +222,9 @@ void tst_CDialCost::aChangeAllocatesItsTextAtMost()
     QFETCH(int, tableId);
     QFETCH(bool, heard);
     QFETCH(int, texts);
+    QFETCH(bool, batched);
+    BatchedPicture::setEnabled(batched);
+    const auto restore = qScopeGuard([] { BatchedPicture::setEnabled(true); });
     Scene scene;
     scene.dial.setTableId(tableId);
     scene.dial.disconnectMemAPI(); // the refresh is called by hand
