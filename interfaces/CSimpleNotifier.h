@@ -17,6 +17,7 @@ public:
     {
         return memory.createNotifier(receiver, names, selector, slot, reuse, context);
     }
+    /// The same for an address in fields.
     static CSimpleNotifier *Create(IMemAPI &memory, QObject *receiver,
                                    const IMemAPI::TSingleAddress *address, int selector,
                                    const char *slot, CSimpleNotifier *reuse, void *context)

@@ -47,25 +47,25 @@ public:
     /// A parameter's address.
     struct TSingleBaseAddress
     {
-        qint16 group = 0;
-        qint16 element = 0;
-        qint16 index = 0;
+        qint16 group = 0;   ///< the block of parameters, 0-1023
+        qint16 element = 0; ///< the channel or unit, 0-2047
+        qint16 index = 0;   ///< the parameter in its block, 0-2047
     };
 
     /// An address that serves a range of consecutive channels (a count of 0: no range given).
     struct TSingleAddress : TSingleBaseAddress
     {
-        qint16 firstChannel = 0;
-        qint16 channelCount = 0;
+        qint16 firstChannel = 0; ///< counted from 0
+        qint16 channelCount = 0; ///< 0: no range
     };
 
     /// The extra addressing text of a control and what it means: a base element and a base index,
     /// -1 while unknown.
     struct TXtraInfo
     {
-        QString text;
-        qint16 baseElement = -1;
-        qint16 baseIndex = -1;
+        QString text;            ///< as it stands in the form
+        qint16 baseElement = -1; ///< -1: unknown
+        qint16 baseIndex = -1;   ///< -1: unknown
     };
 
     virtual ~IMemAPI() = default;

@@ -11,6 +11,7 @@
 class CONSOLEINTERFACES_EXPORT IParameterNames
 {
 public:
+    /// What became of looking for a name.
     enum Outcome {
         Found,
         NoSuchElement, ///< the name is known, but its parameter has no such element or channel

@@ -8,6 +8,7 @@
 class TMemSilentHelper
 {
 public:
+    /// `counter` lives as long as this object, or dismiss() is called.
     TMemSilentHelper(unsigned char &counter, int operation) : m_counter(&counter)
     {
         Q_UNUSED(operation)
@@ -62,6 +63,7 @@ private:
 class MemAPITask
 {
 public:
+    /// `memory` outlives the task.
     explicit MemAPITask(IMemAPI &memory) : m_memory(memory) {}
 
     /// Every bound proxy gets one observer event.

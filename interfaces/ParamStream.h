@@ -10,6 +10,7 @@ class TMemProxy;
 /// The form of a copied parameter in a stream: a mark, group, element and index as signed 16-bit
 /// numbers, the value as a signed 32-bit number, all in the stream's byte order.
 namespace paramstream {
+/// What every record begins with.
 constexpr quint32 Mark = 0x43505031;
 }
 
@@ -18,6 +19,7 @@ constexpr quint32 Mark = 0x43505031;
 class TParamInfoWriter
 {
 public:
+    /// Writes nothing without a stream.
     TParamInfoWriter(TMemProxy &proxy, int value, QDataStream *stream, short index);
     /// Writes `info` as it is: for proxies that serve parameters at several addresses.
     TParamInfoWriter(const TParamInfo &info, QDataStream *stream)
@@ -32,6 +34,7 @@ public:
 class TParamInfoReader
 {
 public:
+    /// Reads at once; without a stream the record is invalid.
     explicit TParamInfoReader(QDataStream *stream)
     {
         if (!stream)
@@ -41,7 +44,9 @@ public:
         m_valid = stream->status() == QDataStream::Ok && mark == paramstream::Mark;
     }
 
+    /// Whether a whole record was there.
     bool isValid() const { return m_valid; }
+    /// What was read; without meaning when invalid.
     const TParamInfo &info() const { return m_info; }
 
 private:

@@ -18,9 +18,9 @@ constexpr quint32 packedAddress(qint16 group, qint16 index, qint16 element)
 /// The three fields of a packed address whose fields were non-negative.
 struct UnpackedAddress
 {
-    int group;
-    int index;
-    int element;
+    int group;   ///< 0-1023
+    int index;   ///< 0-2047
+    int element; ///< 0-2047
 };
 
 constexpr UnpackedAddress unpackedAddress(quint32 packed)

@@ -20,6 +20,7 @@ class QWidget;
 class CONSOLEINTERFACES_EXPORT TMemProxy : public TMemProxyBasic, public IMemAPI::TSingleAddress
 {
 public:
+    /// Without a memory and an address.
     TMemProxy() = default;
     ~TMemProxy() override { releaseFromMemory(); }
 
@@ -75,10 +76,14 @@ public:
     /// True for a proxy that serves many channels: the binder gives it addresses().
     virtual bool servesChannels() const { return false; }
 
+    /// Writes the parameter into a stream and reads it from there; see TParamInfoWriter. A stream
+    /// that holds something else changes nothing.
     virtual void copyParameters(QDataStream &stream, unsigned key)
     {
         process(streamData(stream), Copy, key);
     }
+    /// Stores, with undo, what copyParameters() wrote; a record of another parameter is passed
+    /// over.
     virtual void pasteParameters(const QDataStream &stream, unsigned key)
     {
         process(streamData(stream), Paste, key);
@@ -107,12 +112,14 @@ public:
     /// The range of the parameter and the size of a step; false (and 0, 0, 1) when not bound.
     virtual bool parameterRange(double &minimum, double &maximum, double &step) const;
 
+    /// Whether there is a memory that may be used. Any thread.
     bool memAPIReady() const { return m_memAPI && m_memAPI->isReady(); }
 
     /// Hides the control while its parameter does not exist, and shows it again; a control that was
     /// hidden by others stays hidden.
     void setWidgetShowState(QWidget *widget);
 
+    /// The memory that has bound the proxy, or null.
     IMemAPI *memAPI() const { return m_memAPI; }
     /// For the memory's binder.
     void setMemAPI(IMemAPI *memory) { m_memAPI = memory; }
@@ -139,6 +146,7 @@ public:
     /// Above 0 while the control changes on behalf of the memory: nothing is written back. Raised by
     /// TMemSilentHelper only.
     unsigned char &silentCounter() { return m_silent; }
+    /// Whether the control changes on behalf of the memory.
     bool isSilent() const { return m_silent != 0; }
 
 protected:

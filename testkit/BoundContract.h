@@ -31,6 +31,7 @@ class BoundContract : public QObject
 public:
     /// Makes a control without a parent, and without an address. It is a TMemProxy.
     using MakeControl = std::function<QWidget *()>;
+    /// Makes an empty memory, ready to be used.
     using MakeMemory = std::function<std::unique_ptr<IMemAPI>()>;
 
     /// What a control does otherwise, by design. An exception that does not hold fails, too.
@@ -52,15 +53,18 @@ public:
     };
     Q_DECLARE_FLAGS(Exceptions, Exception)
 
-    BoundContract();
+    BoundContract(); ///< Tries nothing until controls are added.
     ~BoundContract() override;
 
+    /// Tries a class under its own name.
     template <class Control>
     void add()
     {
         add(Control::staticMetaObject.className(), [] { return new Control; });
     }
+    /// Tries a control under a name, which names the rows of the test.
     void add(const char *className, const MakeControl &make);
+    /// What the control of that name does otherwise, and why.
     void except(const char *className, Exceptions exceptions);
 
     /// Tries the controls on that memory, too, at a parameter that is there and has at least two

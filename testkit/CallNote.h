@@ -17,6 +17,7 @@ QString line(const char *what, Numbers... numbers)
     return words.join(u' ');
 }
 
+/// "writeValue 3 7 2 = 40 token 9"
 inline QString write(int group, int index, int element, int value, int token)
 {
     return line("writeValue", group, index, element) + line(" =", value) + line(" token", token);

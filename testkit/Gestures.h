@@ -17,9 +17,12 @@ enum Ending { Release, KeepHeld };
 /// The point `degrees` clockwise from twelve o'clock, on a circle around the control's centre.
 QPoint around(const QWidget &control, double degrees, double radius = 40);
 
+/// One event: the button goes down.
 void press(QWidget &control, const QPoint &at, Qt::MouseButton button = Qt::LeftButton,
            Qt::KeyboardModifiers modifiers = {});
+/// One event: the pointer moves while the buttons are held.
 void moveTo(QWidget &control, const QPointF &at, Qt::MouseButtons held = Qt::LeftButton);
+/// One event: the button comes up.
 void release(QWidget &control, const QPoint &at, Qt::MouseButton button = Qt::LeftButton);
 
 /// A drag along the circle around the control's centre, in steps of 5 degrees.

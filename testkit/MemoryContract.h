@@ -20,6 +20,7 @@ class MemoryContract : public QObject
     Q_OBJECT
 
 public:
+    /// Makes a memory that is ready, with its values at their defaults.
     using MakeMemory = std::function<std::unique_ptr<IMemAPI>()>;
 
     /// `at` is a parameter of the memory with at least two values, that nobody else changes.

@@ -19,14 +19,15 @@ class RecordingMemory : public QObject, public IMemAPI
     Q_OBJECT
 
 public:
+    /// What the memory knows of a parameter; a test sets it before, and looks at it afterwards.
     struct Parameter
     {
-        int minimum = 0;
-        int maximum = 100;
-        int value = 0;
-        int plainDefault = 0;
-        int alternativeDefault = 0;
-        bool hasAlternative = false;
+        int minimum = 0;             ///< of the values that are written
+        int maximum = 100;           ///< the same
+        int value = 0;               ///< what is stored
+        int plainDefault = 0;        ///< what a reset stores
+        int alternativeDefault = 0;  ///< the same, where the control asks for it
+        bool hasAlternative = false; ///< whether there is one
     };
 
     ~RecordingMemory() override;
@@ -41,20 +42,20 @@ public:
     QStringList take();
     QStringList take(const QStringList &words);
 
-    bool readyNow = true;
-    bool exists = true;
-    bool acceptsPaste = true;
-    int token = 9;
-    int typedValue = 0;
-    int steppedValue = 0;
-    QPixmap pictureOfValue;
-    std::atomic<int> observerEvents = 0;
+    bool readyNow = true;                ///< what isReady() says
+    bool exists = true;                  ///< of every parameter
+    bool acceptsPaste = true;            ///< of every copied parameter
+    int token = 9;                       ///< of every write that can be undone
+    int typedValue = 0;                  ///< what every typed number means
+    int steppedValue = 0;                ///< where every step leads
+    QPixmap pictureOfValue;              ///< of every value; null: it has a text
+    std::atomic<int> observerEvents = 0; ///< how many were asked for, on any thread
     bool lit = false; ///< the phase of the blink clock
     /// The phantom-power parameter of every channel, while it is patched to one.
     std::optional<TSingleBaseAddress> phantom;
-    int connection = 0;
-    QHash<int, QVariant> preferenceValues;
-    std::map<int, std::vector<quint16>> meterTables;
+    int connection = 0;                              ///< IMemAPI::ConnectionBit flags
+    QHash<int, QVariant> preferenceValues;           ///< by number
+    std::map<int, std::vector<quint16>> meterTables; ///< by number
 
     bool isReady() const override { return readyNow; }
     void attachProxy(TMemProxyBasic *proxy, quint32 packedAddress, int reserved) override;

@@ -7,6 +7,7 @@
 /// Strips whose cells tell by their colour which they are.
 namespace teststrip {
 
+/// What the cell in that place is filled with.
 inline QColor colour(int column, int row)
 {
     return QColor(40 + 10 * row % 200, 60 + 50 * column, 200 - 7 * row % 150);

@@ -18,8 +18,11 @@
 class CONSOLECOMPANIONS_EXPORT ConsoleModel
 {
 public:
+    /// Bounds of addresses: groups, indexes and elements count from 0 to one less.
     static constexpr int GroupCount = 1024;
+    /// See GroupCount.
     static constexpr int IndexCount = 2048;
+    /// See GroupCount.
     static constexpr int ElementCount = 2048;
 
     struct Block
@@ -60,11 +63,16 @@ public:
     static std::optional<ConsoleModel> parse(const QByteArray &json, const QString &fileName,
                                              QString *error = nullptr);
 
+    /// What the model calls itself.
     const QString &name() const { return m_name; }
+    /// In the order of the file; so are the parameters.
     const std::vector<Block> &blocks() const { return m_blocks; }
+    /// All of all blocks.
     const std::vector<Parameter> &parameters() const { return m_parameters; }
 
+    /// The block that a parameter of this model belongs to.
     const Block &blockOf(const Parameter &parameter) const { return m_blocks[parameter.block]; }
+    /// The group under which a parameter of this model is addressed.
     int groupOf(const Parameter &parameter) const { return blockOf(parameter).group; }
     /// "block/parameter".
     QString addressOf(const Parameter &parameter) const;
@@ -73,7 +81,9 @@ public:
 
     /// Null when there is no table with that number.
     const TextTable *textTable(int id) const;
+    /// Level codes, ascending; null when there is no table with that number.
     const std::vector<quint16> *meterTable(int number) const;
+    /// What the numbered preferences begin with.
     const QHash<int, QVariant> &preferences() const { return m_preferences; }
 
 private:

@@ -26,10 +26,12 @@ public:
         bool operator==(const Parameter &) const = default;
     };
 
+    /// All parameters of the model.
     explicit ParameterLayout(const ConsoleModel &model);
     /// The layout that a description tells of; nothing when it is not a whole one.
     static std::optional<ParameterLayout> fromDescription(const QByteArray &description);
 
+    /// In the order in which their values are kept.
     const std::vector<Parameter> &parameters() const { return m_parameters; }
     /// How many values there are: all elements of all parameters.
     size_t valueCount() const { return m_valueCount; }

@@ -27,6 +27,7 @@ class CONSOLECOMPANIONS_EXPORT ParameterMemory : public QObject,
     Q_OBJECT
 
 public:
+    /// Not ready until a model is loaded.
     explicit ParameterMemory(QObject *parent = nullptr);
     ~ParameterMemory() override;
 
@@ -36,6 +37,7 @@ public:
     /// Reads a console model; once only. On failure the memory stays not ready, the result is false
     /// and `error` holds one line: file, JSON path, reason.
     bool load(const QString &fileName, QString *error = nullptr);
+    /// The model that was loaded; an empty one before.
     const ConsoleModel &model() const;
 
     /// Binds every proxy among `root` and its descendants, parents before children, siblings in the
@@ -44,6 +46,7 @@ public:
     /// resolve leaves its control inert, with one warning that tells the address and the nearest known
     /// name. Returns how many were bound.
     int bind(QWidget *root, int element = 0, int elementOffset = 0);
+    /// The same for one proxy; false when its name does not resolve.
     bool bindProxy(TMemProxy *proxy, int element = 0, int elementOffset = 0);
 
     /// Resolves one named address; false when it does not exist.
@@ -78,6 +81,7 @@ public:
     void deliverTimecode(int hours, int minutes, int seconds, int frames);
     /// True while a proxy wants the time counter.
     bool timecodeWanted() const;
+    /// The ConnectionBit flags; a change of online is told by onlineChanged().
     void setConnectionState(int bits);
     /// One blink step; `lit` is the phase from now on.
     void stepBlinkClock(bool lit);

@@ -19,15 +19,15 @@ public:
     /// One text per position.
     struct List
     {
-        QList<QString> texts;
+        QList<QString> texts; ///< by position
     };
     /// Equal steps of `scale` from `first`: "-12.0 dB", "L63".
     struct Linear
     {
-        double first = 0;
-        double scale = 1;
-        int decimals = 0;
-        QString unit;
+        double first = 0;                    ///< the number at position 0
+        double scale = 1;                    ///< what a position adds
+        int decimals = 0;                    ///< digits behind the point
+        QString unit;                        ///< follows the number and a space
         QString minus = QStringLiteral("-"); ///< leads numbers below zero
         QString plus;                        ///< leads numbers above zero
         QString zero;                        ///< stands for zero, unless empty
@@ -37,14 +37,16 @@ public:
     /// on in thousands with `kiloUnit`, unless that is empty: "20.0 Hz", "1.25 kHz".
     struct Logarithmic
     {
-        double first = 1;
-        double last = 1;
-        int steps = 2;
-        QString unit;
-        QString kiloUnit;
+        double first = 1; ///< the number at position 0; above 0
+        double last = 1;  ///< the number at the last position; above 0
+        int steps = 2;    ///< positions
+        QString unit;     ///< follows the number and a space
+        QString kiloUnit; ///< the unit of thousands
     };
+    /// The three ways to make texts.
     using Kind = std::variant<List, Linear, Logarithmic>;
 
+    /// An open-ended table (Linear) has no positions yet; see requirePositions().
     explicit TextTable(Kind kind);
 
     /// Says that a parameter with that many positions uses the table. The table's own end stands

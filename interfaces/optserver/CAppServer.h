@@ -12,14 +12,18 @@
 class CONSOLECOMPANIONS_EXPORT TMarshallEvent : public QEvent
 {
 public:
+    /// Called on the main thread with an object that is alive.
     using Callback = void (*)(QObject *object);
 
     /// GUI thread (the object is guarded from then on).
     TMarshallEvent(QObject *object, Callback callback);
 
+    /// The same for all of them.
     static QEvent::Type eventType();
 
+    /// Null when it has died. Main thread.
     QObject *object() const { return m_object; }
+    /// Calls, if the object is alive. Main thread.
     void call() const;
 
 private:

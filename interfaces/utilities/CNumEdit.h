@@ -18,6 +18,7 @@ class CONSOLECOMPANIONS_EXPORT CNumEdit : public QFrame
     Q_OBJECT
 
 public:
+    /// Hidden until doEdit().
     explicit CNumEdit(QWidget *parent = nullptr);
     ~CNumEdit() override;
 
@@ -30,6 +31,7 @@ public:
     static bool parse(const QString &text, double &number);
 
 Q_SIGNALS:
+    /// A number was typed and Return pressed; without its unit, times 1000 for "k".
     void numberProposed(double number);
 
 protected:

@@ -14,6 +14,7 @@ namespace NS_Utilities {
 class CONSOLECOMPANIONS_EXPORT YPainter : public QPainter
 {
 public:
+    /// `widget` is in its paint event.
     explicit YPainter(QWidget *widget);
 
     /// Fills the whole widget with a solid colour, replacing what is there.

@@ -17,21 +17,22 @@ namespace binding {
 /// A parameter's bounds.
 struct Range
 {
-    int minimum;
-    int maximum;
+    int minimum; ///< as stored in the memory
+    int maximum; ///< not below the minimum
 };
 
 /// What a value looks like: a picture when there is one, else a text.
 struct Display
 {
-    QString text;
-    QPixmap pixmap;
+    QString text;   ///< with its unit
+    QPixmap pixmap; ///< null: the text is shown
 };
 
 /// Raises the silent counter for its lifetime. The control may die meanwhile.
 class SilentScope
 {
 public:
+    /// `control` may be destroyed while this lives; `operation` is that of process().
     template <class Control>
     explicit SilentScope(Control &control, int operation = TMemProxyBasic::Refresh)
         : m_control(&control), m_helper(control.silentCounter(), operation)
@@ -68,8 +69,9 @@ CONSOLEWIDGETS_EXPORT void detach(TMemProxy &proxy);
 /// the caller returns. Any thread.
 CONSOLEWIDGETS_EXPORT bool handOverToMainThread(TMemProxy &proxy);
 
-/// The bounds and the stored value of the parameter that the control shows. Any thread.
+/// The bounds of the parameter that the control shows. Any thread.
 CONSOLEWIDGETS_EXPORT Range range(const TMemProxy &proxy);
+/// The stored value of that parameter; 0 when it does not exist. Any thread.
 CONSOLEWIDGETS_EXPORT int read(const TMemProxy &proxy);
 
 /// The value that a process() call means: stored, default, alternative default (the plain one where
@@ -85,6 +87,7 @@ CONSOLEWIDGETS_EXPORT int writeAsOwnStep(TMemProxy &proxy, int value);
 
 /// One gesture's writes are one undo step.
 CONSOLEWIDGETS_EXPORT void beginGesture(TMemProxy &proxy);
+/// Ends what beginGesture() began; ignored when nothing runs.
 CONSOLEWIDGETS_EXPORT void endGesture(TMemProxy &proxy);
 
 /// The display text or picture of a value of a control with these bounds.

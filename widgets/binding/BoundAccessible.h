@@ -14,6 +14,7 @@ class TMemProxy;
 class CONSOLEWIDGETS_EXPORT BoundAccessible : public QAccessibleWidget
 {
 public:
+    /// `proxy` is the same object as `widget`.
     BoundAccessible(QWidget *widget, TMemProxy &proxy, QAccessible::Role role);
 
     QString text(QAccessible::Text kind) const override;
@@ -31,6 +32,7 @@ class CONSOLEWIDGETS_EXPORT BoundSliderAccessible : public BoundAccessible,
                                                     public QAccessibleValueInterface
 {
 public:
+    /// `proxy` is the same object as `slider`.
     BoundSliderAccessible(QAbstractSlider *slider, TMemProxy &proxy, QAccessible::Role role);
 
     void *interface_cast(QAccessible::InterfaceType type) override;

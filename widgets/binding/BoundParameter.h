@@ -5,10 +5,15 @@
 
 /// BOUND_PROPERTIES without setDisableAutoHide(), for controls that keep that option elsewhere.
 #define BOUND_BASE_PROPERTIES                                                                      \
+    /** Which parameter: "[UU]block/parameter", UU a fixed unit in hexadecimal. Empty: none. */    \
     Q_PROPERTY(QString namedAddress READ namedAddress WRITE setNamedAddress)                       \
+    /** The memory's table that makes the display text; 0: the parameter's own. */                 \
     Q_PROPERTY(int tableId READ tableId WRITE setTableId)                                          \
+    /** The default that a reset stores: 0 the default, 1 the alternative one. */                  \
     Q_PROPERTY(int numDefaultKind READ numDefaultKind WRITE setNumDefaultKind)                     \
+    /** Whether edits can be undone. */                                                            \
     Q_PROPERTY(bool undoEnable READ isUndoEnable WRITE setUndoEnable)                              \
+    /** Stays visible when the console has no such parameter. Off: hides until it has. */          \
     Q_PROPERTY(bool disableAutoHide READ disableAutoHide WRITE setDisableAutoHide)                 \
 public:                                                                                            \
     Q_SLOT void setNamedAddress(const QString &name) override                                      \
@@ -46,9 +51,13 @@ private:
 /// whether the control stands at its minimum (which in alternative-address mode means off).
 #define BOUND_SIGNALS                                                                              \
 public:                                                                                            \
+    /** The value as it is stored in the memory. */                                                \
     Q_SIGNAL void memoryAPIValueChange(int value);                                                 \
+    /** The value as display text, with its unit: "-12.0 dB". */                                   \
     Q_SIGNAL void textualValueChange(const QString &text);                                         \
+    /** The picture for the value, of parameters whose values have pictures. */                    \
     Q_SIGNAL void pixmapValueChange(const QPixmap &picture);                                       \
+    /** Whether the value is the least, which in alternative-address mode means off. */            \
     Q_SIGNAL void altAddressMode(bool atMinimum);                                                  \
                                                                                                    \
 private:

@@ -10,6 +10,7 @@
 class DrawnRegion
 {
 public:
+    /// A part that is to be drawn.
     void add(const QRect &rect)
     {
         m_pixels += area(rect);
@@ -19,6 +20,7 @@ public:
             m_rects.append(rect);
     }
 
+    /// What was added; a few pixels more where that is cheaper.
     QRegion region() const
     {
         QRect bounds;

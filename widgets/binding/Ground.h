@@ -15,8 +15,10 @@ class Ground
 public:
     /// The control's paint event begins; `painter` has painted nothing yet.
     void take(const QWidget &control, const QPainter &painter, const QPaintEvent &event);
+    /// Another ground is there, or may be.
     void forget() { m_picture = {}; }
 
+    /// Whether a picture was taken.
     bool isKnown() const { return !m_picture.isNull(); }
     /// Draws it at the painter's origin.
     void draw(QPainter &painter) const;

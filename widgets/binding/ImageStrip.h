@@ -19,12 +19,17 @@ class QPainter;
 class CONSOLEWIDGETS_EXPORT ImageStrip
 {
 public:
+    /// The whole strip, its device pixel ratio included; null: none.
     const QPixmap &picture() const { return m_picture; }
+    /// Takes effect at once; rows and categories stay.
     void setPicture(const QPixmap &picture);
 
+    /// Pictures below one another.
     int rows() const { return m_rows; }
+    /// At least one that exists is needed for anything to be drawn.
     void setRows(int rows);
 
+    /// Pictures side by side.
     int categories() const { return m_categories; }
     /// Keeps the value modulo 8.
     void setCategories(int categories);

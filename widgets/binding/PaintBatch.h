@@ -14,6 +14,7 @@ class QRegion;
 class PaintBatch : public QObject
 {
 public:
+    /// The one of the application, made on first use.
     static PaintBatch &instance();
 
     /// Draws the picture when the event loop has delivered what is posted.

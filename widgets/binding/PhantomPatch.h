@@ -30,6 +30,7 @@ public:
     /// The patch has changed: attaches anew. The subscriptions, one of which calls, live on.
     void reattach(TMemProxy &proxy);
 
+    /// Whether the channel is patched to a parameter that the control is attached to.
     bool isAttachedByAddress() const { return m_attached; }
     /// The parameter; -1 in all fields while there is none.
     const IMemAPI::TSingleBaseAddress &address() const { return m_address; }

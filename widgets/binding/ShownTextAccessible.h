@@ -10,6 +10,7 @@ template<class Control>
 class ShownTextAccessible : public BoundAccessible
 {
 public:
+    /// `control` is what speaks in that role.
     ShownTextAccessible(Control &control, QAccessible::Role role)
         : BoundAccessible(&control, control, role), m_control(control)
     {
@@ -47,6 +48,7 @@ public:
     }
 
 protected:
+    /// The control that speaks.
     Control &control() const { return m_control; }
 
 private:

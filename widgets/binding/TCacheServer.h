@@ -36,6 +36,7 @@ private:
 class CONSOLEWIDGETS_EXPORT TCacheServer
 {
 public:
+    /// `caption`: see caption().
     explicit TCacheServer(const QString &caption = {});
     virtual ~TCacheServer();
     Q_DISABLE_COPY_MOVE(TCacheServer)

@@ -19,6 +19,7 @@ public:
     ~C48V() override;
 
     QString xtraInfo() const;
+    /// What the memory made of xtraInfo; -1 until known.
     qint16 baseElement() const;
     qint16 baseIndex() const;
 

@@ -24,6 +24,7 @@ class CONSOLEWIDGETS_EXPORT CAnimMenu : public QFrame
     Q_PROPERTY(QPixmap closeImage READ closeImage WRITE setCloseImage)
 
 public:
+    /// What the panel does now.
     enum AnimWindowStatus { animClosed, animOpening, animOpen, animClosing };
     Q_ENUM(AnimWindowStatus)
 

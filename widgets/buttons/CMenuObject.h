@@ -16,6 +16,7 @@ class CONSOLEWIDGETS_EXPORT CMenuObject : public QMenu
     Q_OBJECT
 
 public:
+    /// Empty.
     explicit CMenuObject(QWidget *parent = nullptr);
 
     /// Deletes the menu: later, if it is telling of a choice at this moment.
@@ -29,6 +30,7 @@ public:
     /// Gives a check mark to the first item with that identifier, and to no other. Very long menus show
     /// it when they are next opened.
     void checkItem(int identifier);
+    /// Leaves no item with a check mark.
     void uncheck();
 
     /// Opens under the lower left corner of a widget, without an item preselected; not when empty.

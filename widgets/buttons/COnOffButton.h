@@ -54,6 +54,7 @@ class CONSOLEWIDGETS_EXPORT COnOffButton : public QPushButton, public TMemProxy
     Q_PROPERTY(QPixmap combinedImage READ combinedImage WRITE setCombinedImage)
 
 public:
+    /// Whether a click takes effect when the key is let go, or at once when it is pressed.
     enum TOnOffStateTrigger { buttonRelease, buttonPush };
     Q_ENUM(TOnOffStateTrigger)
 
@@ -78,10 +79,14 @@ public:
     bool disableAutoHide() const override;
     bool disabledUI() const override;
 
+    /// Whether clicks switch the key; true at first. Otherwise it only reports them.
     void setToggleButton(bool toggle);
     bool isToggleButton() const;
+    /// Switches the key as a click does, without waiting for one.
     void setOn(bool on);
+    /// Whether the key stands switched on, whatever picture that is.
     bool isOn() const;
+    /// On or Off (ToggleState).
     int state() const;
 
     /// Whether the key counts as held down; the key must be painted again. Returns what it was.
@@ -105,6 +110,7 @@ public Q_SLOTS:
     void process(const Q_UINT8 *data, int operation, Q_UINT32 extra) override;
     /// Chooses the column of the strip; ignored outside 0 ... nImageCategories - 1.
     void setCurrentImage(int category);
+    /// The key is shown as let go.
     void clickDelayDone();
     /// From now on the key shows the object's value, not the parameter's; null: the parameter's.
     void setSelectionObject(CSimpleNotifier *selection);
@@ -127,6 +133,7 @@ public Q_SLOTS:
     void setnImageCategories(int categories);
     void setnSubImages(int rows);
     void setCombinedImage(const QPixmap &picture);
+    /// updateErasePixmap() as a slot.
     void updateErasePixmapSlot();
     /// Writes a new state (ToggleState) to the parameter, unless the key is silent.
     virtual void handleStateChanged(int state);
@@ -135,6 +142,7 @@ Q_SIGNALS:
     /// The key went to another ToggleState, by whomever.
     void stateChanged(int state);
     // Deliberate: declared for the family, emitted by others of it only.
+    /// Never sent by this class; for keys derived from it that have further values.
     void valueChanged(int value);
 
 protected:
@@ -147,8 +155,12 @@ protected:
     void disconnectAutomaticObserver();
     /// Paints the key if it must be painted; a toggle button that need not be is left alone.
     virtual void drawButton(QPainter *painter);
+    /// Takes the look from the strip and the palette; when the key is first shown and when its
+    /// style changes.
     virtual void polish();
+    /// Called after the key was enabled or disabled.
     virtual void enabledChange(bool oldEnabled);
+    /// Called after the window was activated or left.
     virtual void windowActivationChange(bool oldActive);
 
     bool hitButton(const QPoint &position) const override;

@@ -85,6 +85,7 @@ public Q_SLOTS:
     void setCombinedImage(const QPixmap &picture);
     /// An item of the menu was chosen; a position below 0 is remembered only.
     void changedTheMenu(int position);
+    /// One picture further, or back, stopping at the ends.
     void incMenu();
     void decMenu();
 

@@ -43,6 +43,7 @@ public Q_SLOTS:
     void checkBlinkState();
     /// One step of the blink clock: shows the present phase at once.
     void doBlink();
+    /// Ends the blinking; the key shows its state.
     void stopBlinking();
 
 private:

@@ -68,6 +68,7 @@ protected:
     /// Composes the picture and asks for a paint of the lamps that changed. Nothing changes unless both
     /// pictures are there and of one size.
     void reCalc();
+    /// Replaces the composed picture.
     void setErasePixmap(const QPixmap &picture);
 
     bool event(QEvent *event) override;

@@ -18,7 +18,9 @@ class CONSOLEWIDGETS_EXPORT StateDisplayWidget : public QFrame, public TMemProxy
     Q_OBJECT
     BOUND_PARAMETER
     // What is set here shows with the next change of the value, or when the widget is first shown.
+    /// The value that shows picture 1 with boolean logic. Default 0.
     Q_PROPERTY(int cmpValue READ cmpValue WRITE setCmpValue)
+    /// Two pictures: 1 for cmpValue, 0 for all other values. Default false.
     Q_PROPERTY(bool booleanLogic READ booleanLogic WRITE setBooleanLogic)
     /// Number of pictures below one another, modulo 256; default 1.
     Q_PROPERTY(int nSubImages READ nSubImages WRITE setnSubImages)
@@ -37,6 +39,7 @@ public:
 
     /// The value shown; -2147483647 before the first one.
     int value() const;
+    /// Shows the picture for another value than the last, and leaves the memory alone.
     void setValue(int value);
     /// The row of the strip for a value.
     int pixmapId(int value) const;
@@ -76,6 +79,7 @@ Q_SIGNALS:
 protected:
     class StateDisplayWidget_PD;
 
+    /// Shows what was set before; when the widget is first shown and when its style changes.
     virtual void polish();
 
     bool event(QEvent *event) override;

@@ -16,6 +16,7 @@ public:
     ~C48VDial() override;
 
     QString xtraInfo() const;
+    /// See C48V::baseElement().
     qint16 baseElement() const;
     qint16 baseIndex() const;
 

@@ -47,6 +47,7 @@ public:
     /// A translation table: 45 positions for memory values (less the minimum), then 45 memory values
     /// for positions.
     static constexpr int TranslationOffset = 45;
+    /// See TranslationOffset.
     using TranslationTable = std::array<int, 2 * TranslationOffset>;
 
     explicit CDial(QWidget *parent = nullptr, const char *name = nullptr);
@@ -116,6 +117,7 @@ public Q_SLOTS:
     void setCombinedImage(const QPixmap &picture);
     /// The alternative parameter changed; the argument is not used.
     void handle_changeAltNamedValue(int value);
+    /// A step as by the page or arrow keys, written with undo.
     void subtractPage();
     void addPage();
     void subtractLine();
@@ -129,23 +131,42 @@ protected:
     /// its objects get a paint event for every new picture (BatchedPicture).
     void drawsLikeDial(const std::type_info &subclass);
 
+    /// Between degrees and radians.
     static double Radian(double degrees);
     static double Degree(double radians);
+    /// Turns an angle clockwise from the top into a mathematical one, and back. Radians.
     static double CnvAngle(double angle);
+    /// The angle of a point about the centre of the running drag, in radians; false, and `angle`
+    /// untouched, at the centre itself.
     bool CalcAngle(double x, double y, double &angle) const;
+    /// Where the segments from 1 to 2 and from 3 to 4 meet; touching counts. False, and the result
+    /// untouched, when they do not.
     static bool CalcIntersection(double x1, double y1, double x2, double y2, double x3, double y3,
                                  double x4, double y4, double &x, double &y);
+    /// The smaller angle between two vectors, 0 to pi.
     static double CalcVectorAngle(double x1, double y1, double x2, double y2);
+    /// The knob angle of the running drag, in degrees.
     double GetAngle() const;
+    /// Begins a drag over the sweep from `startDegrees` to `endDegrees`; `relative`: it follows the
+    /// rotation from the tip of the knob instead of from the last point. Returns the knob angle in
+    /// degrees.
     double mousePressMoveStart(QMouseEvent *event, double startDegrees, double endDegrees,
                                bool relative);
+    /// Follows the drag and returns the knob angle in degrees.
     double mousePressMoveTrace(QMouseEvent *event);
+    /// The picture, 0 to 30, of an attenuator whose value is in tenths of a decibel.
     int getAttKnobIndex(int value) const;
+    /// The entry of a table for `value`, `offset` entries further on; a value outside the table
+    /// stands for itself.
     static int translateValue(int value, const int *table, int offset);
 
+    /// Writes the value and returns what the memory stored.
     virtual int changeMemApiValue();
+    /// Called after the value has changed, by whomever.
     virtual void valueChange();
+    /// Takes the look from the palette; when the dial is first shown and when its style changes.
     virtual void polish();
+    /// Called after the dial was enabled or disabled.
     virtual void enabledChange(bool oldEnabled);
 
     bool event(QEvent *event) override;

@@ -9,8 +9,8 @@
 /// range and no table.
 struct FormConsole
 {
-    const IParameterNames *names = nullptr;
-    const IMemAPI *memory = nullptr;
+    const IParameterNames *names = nullptr; ///< null: addresses are not looked at
+    const IMemAPI *memory = nullptr;        ///< null: ranges are not looked at
 };
 
 /// Looks for everything in a form that would not work, or not as its author meant it, in the order of

@@ -9,6 +9,7 @@
 /// One thing that is wrong with a form, and where.
 struct CONSOLEWIDGETS_EXPORT FormFinding
 {
+    /// What is wrong.
     enum Kind {
         Unreadable,    ///< no file, no XML, or no form in it: nothing else is known of it
         Class,         ///< a class that there is not
@@ -23,12 +24,12 @@ struct CONSOLEWIDGETS_EXPORT FormFinding
         Contents,      ///< a form inside this one that cannot be placed
     };
 
-    Kind kind = Contents;
-    QString file;
+    Kind kind = Contents; ///< the kind of fault
+    QString file;         ///< as it was named
     int line = 0;   ///< counted from 1; 0: not known
     QString widget; ///< its object name; empty: the form itself
-    QString property;
-    QString reason;
+    QString property; ///< empty: the widget itself
+    QString reason;   ///< a sentence for people
     QString nearest; ///< for an address: the one that may have been meant
 
     /// The kind in one lower-case word.

@@ -33,7 +33,9 @@ class CONSOLEWIDGETS_EXPORT FormRepeater : public QWidget
 public:
     /// The property by which everything inside a widget is bound to one element.
     static constexpr const char *ElementProperty = IMemAPI::ElementProperty;
+    /// How many strips stand together before the wider gap.
     static constexpr int PanelSize = 8;
+    /// Channels beyond it are not placed.
     static constexpr int HighestChannel = 2048;
     /// Forms that repeat forms that repeat forms: deeper than this they contain each other.
     static constexpr int DeepestForm = 4;

@@ -11,6 +11,7 @@
 class CONSOLEWIDGETS_EXPORT DynamicsLaw
 {
 public:
+    /// Which law.
     enum Kind {
         Compressor = 0,
         Expander = 1,
@@ -21,7 +22,7 @@ public:
     /// A block's parameters.
     struct Settings
     {
-        int kind = Compressor;
+        int kind = Compressor; ///< of Kind; others have no curve
         int threshold = 0;   ///< tenths of a dB
         int ratio = 0;       ///< code 0 (1:1) to 15 (∞:1); others count as the nearest
         int knee = 0;        ///< code 0 (hard) to 5; for companders the width
@@ -29,6 +30,7 @@ public:
         int gainMaximum = 0; ///< tenths of a dB
     };
 
+    /// Keeps a copy of the settings.
     explicit DynamicsLaw(const Settings &settings) : m_settings(settings) {}
 
     /// False for a kind that is no law of this family: there is no curve.
@@ -45,7 +47,8 @@ public:
     /// taken into account. In dB.
     static int kneeAllowance(double factor, int distance, int knee);
 
-    // The three laws. `threshold` is in dB.
+    /// The three laws: the output level for an input level. `threshold` is in dB, `factor` as from
+    /// factorOf(), `knee` a code.
     static int compressor(int input, double factor, int threshold, int knee);
     static int expander(int input, double factor, int threshold, int knee);
     /// Expands by 1/`lowerFactor` further than `width` below the threshold; lowered by `makeUp` and

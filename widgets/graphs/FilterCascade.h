@@ -30,12 +30,18 @@ public:
     /// y = b0·x0 + b1·x1 + b2·x2 + a1·y1 + a2·y2: the feedback is added.
     struct Section
     {
-        double b0 = 0, b1 = 0, b2 = 0, a1 = 0, a2 = 0;
+        double b0 = 0; ///< of the sample
+        double b1 = 0; ///< of the sample before
+        double b2 = 0; ///< of the one before that
+        double a1 = 0; ///< of the last output
+        double a2 = 0; ///< of the output before
     };
     /// y = b0·x0 + b1·x1 + a1·y1.
     struct FirstOrder
     {
-        double b0 = 0, b1 = 0, a1 = 0;
+        double b0 = 0; ///< of the sample
+        double b1 = 0; ///< of the sample before
+        double a1 = 0; ///< of the last output
     };
 
     FilterCascade();
@@ -45,9 +51,13 @@ public:
     /// Zeroes coefficients and memory.
     void clearState();
 
+    /// Even for sections of second order alone.
     int order() const { return m_order; }
+    /// Whether the order is odd.
     bool hasFirstOrder() const { return m_order % 2 != 0; }
+    /// order() / 2 of them.
     std::span<const Section> sections() const { return m_sections; }
+    /// Without effect unless hasFirstOrder().
     const FirstOrder &firstOrder() const { return m_firstOrder; }
 
     /// Shelves of first order; a cut is the exact inverse of the boost by as much. `frequency` is the

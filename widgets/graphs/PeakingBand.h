@@ -21,6 +21,7 @@ class ResponseGrid;
 class CONSOLEWIDGETS_EXPORT PeakingBand
 {
 public:
+    /// What the gain of the last design makes of the band.
     enum Kind { Cut = 1, Boost = 2, Flat = 3 };
 
     /// Replaces the coefficients; the memory stays. `q` is centre frequency over width.
@@ -30,10 +31,15 @@ public:
     int order() const { return m_order; }
     void setOrder(int order) { m_order = order; }
 
+    /// Flat before a design, and for a gain of 0 dB.
     Kind kind() const { return m_kind; }
+    /// As in the equation of this class.
     double c0() const { return m_c0; }
+    /// As in the equation of this class.
     double c1() const { return m_c1; }
+    /// bp of the equation.
     double bandPassGain() const { return m_bandPass; }
+    /// V - 1, of the boost.
     double gainMinusOne() const { return m_gainMinusOne; }
     /// Band-pass gain times gainMinusOne().
     double scaledBandPass() const { return m_scaledBandPass; }
@@ -47,8 +53,10 @@ public:
     double cutResponseDb(double frequency, double sampleRate) const;
     void boostResponseDb(std::span<const double> frequencies, double sampleRate,
                          std::span<double> decibels) const;
+    /// See the form for one frequency.
     void cutResponseDb(std::span<const double> frequencies, double sampleRate,
                        std::span<double> decibels) const;
+    /// The same at the points of a grid, which has worked out what depends on frequencies alone.
     void boostResponseDb(const ResponseGrid &grid, std::span<double> decibels) const;
     void cutResponseDb(const ResponseGrid &grid, std::span<double> decibels) const;
 

@@ -20,17 +20,21 @@ public:
     /// All bands begin flat, with 0 dB.
     ResponseCurve(const ResponseGrid &grid, std::size_t bands);
 
+    /// The frequencies of all responses.
     const ResponseGrid &grid() const { return m_grid; }
+    /// How many there are, flat ones included.
     std::size_t bands() const { return m_bands.size(); }
 
     /// Evaluates a band anew; a number without a band is ignored. Of a peaking band it is the boost or
     /// the cut, as its gain says.
     void setBand(std::size_t number, const FilterCascade &filter);
     void setBand(std::size_t number, const PeakingBand &filter);
+    /// Gives a band 0 dB everywhere; a number without a band is ignored.
     void setFlat(std::size_t number);
 
     /// One band's response, and the sum of all, at the grid's frequencies.
     std::span<const double> band(std::size_t number) const { return m_bands.at(number); }
+    /// See band().
     std::span<const double> sum() const { return m_sum; }
 
 private:

@@ -20,8 +20,11 @@ public:
     static ResponseGrid logarithmic(double first, double last, std::size_t points,
                                     double sampleRate);
 
+    /// How many frequencies.
     std::size_t size() const { return m_frequencies.size(); }
+    /// In Hz.
     double sampleRate() const { return m_sampleRate; }
+    /// In Hz, as given.
     std::span<const double> frequencies() const { return m_frequencies; }
     /// sin²(ω/2) and sin²ω of every frequency.
     std::span<const double> halfSines() const { return m_halfSines; }

@@ -32,11 +32,13 @@ struct QuadraticMagnitude
     double width = 0;  ///< (p0 − p2)²
 
     QuadraticMagnitude() = default;
+    /// The coefficients of the polynomial, that of 1 first.
     QuadraticMagnitude(double p0, double p1, double p2)
         : atZero((p0 + p1) + p2), slope(2 * (p0 + p2)), width((p0 - p2) * (p0 - p2))
     {
     }
 
+    /// Not below 0.
     double at(const CirclePoint &point) const
     {
         const double real = atZero - slope * point.halfSine;
@@ -47,8 +49,8 @@ struct QuadraticMagnitude
 /// The squared magnitude of one section of a filter.
 struct SectionMagnitude
 {
-    QuadraticMagnitude numerator;
-    QuadraticMagnitude denominator;
+    QuadraticMagnitude numerator;   ///< of the zeros
+    QuadraticMagnitude denominator; ///< of the poles
 };
 
 namespace magnitude {

@@ -61,6 +61,7 @@ class CONSOLEWIDGETS_EXPORT CGrid : public QWidget, public TMemProxy
     Q_PROPERTY(QString fieldTitles READ fieldTitles WRITE setFieldTitles)
 
 public:
+    /// Which way channels run.
     enum GridOrientation {
         ChannelsDown = 0,   ///< channels are rows, fields columns
         ChannelsAcross = 1, ///< channels are columns, fields rows
@@ -91,20 +92,27 @@ public:
     QString fieldTitles() const;
 
     // Cells. Channels and fields are counted from 0 along their axes.
+    /// Rows and columns of cells.
     int rows() const;
     int cols() const;
+    /// How many channels, or fields, there are along their axis.
     int channels() const { return orientation() == ChannelsAcross ? cols() : rows(); }
     int fields() const { return orientation() == ChannelsAcross ? rows() : cols(); }
+    /// The channel, or the field, that a cell connects.
     int channelOf(int row, int column) const { return orientation() == ChannelsAcross ? column : row; }
     int fieldOf(int row, int column) const { return orientation() == ChannelsAcross ? row : column; }
+    /// Whether the grid has that row and column.
     bool hasCell(int row, int column) const;
+    /// Whether the cell lies in one of disabledRects: it shows nothing and takes no clicks.
     bool isCellDisabled(int row, int column) const;
     /// Where the keyboard is, and where the pointer was last: column and row.
     QPoint cursorCell() const;
+    /// The title of one channel, or field; "Channel 12" where none is given.
     QString channelTitle(int channel) const;
     QString fieldTitle(int field) const;
 
     // Pixels. A line belongs to the cell that follows it.
+    /// Where a cell begins and ends, without its lines.
     int cellLeft(int column) const;
     int cellTop(int row) const;
     int cellRight(int column) const;
@@ -112,6 +120,7 @@ public:
     /// The number of columns (rows) for a pixel behind the last one.
     int pixelToIndexX(int x) const;
     int pixelToIndexY(int y) const;
+    /// The size of all cells and lines together.
     int gridWidth() const;
     int gridHeight() const;
     /// The cell's pixels; `cell` is column and row. Left as it is for a cell that does not exist.
@@ -136,7 +145,10 @@ public:
     /// 0 in all parameters of the group; `alternateOffset`, when above 0, does at and above the
     /// threshold. Ignored without a memory.
     void appendAddress(short group, short index, short element, int offset, int alternateOffset);
+    /// The channel from which on alternate offsets count; see appendAddress().
     void setAltChannelThreshold(unsigned short threshold);
+    /// What a value of the group has to be moved by to be a channel; `ignoreAlternate`: the plain
+    /// offset, whatever the threshold.
     int lookup_multiAddressModeOffset(short group, int value, bool ignoreAlternate) const;
     /// Channels `a` and `c` change places when written, `b` and `d` when read.
     void swapChannels(unsigned a, unsigned b, unsigned c, unsigned d);
@@ -183,6 +195,7 @@ public Q_SLOTS:
     void setAllChannelsForField(const int field, const bool on);
     /// Sets (`on` above 0) or clears all bits of a channel. No undo step of its own.
     void setAllFieldsForChannel(const int channel, const int on);
+    /// Disconnects every cell, as one undo step.
     void clearAll();
     /// A subscribed parameter changed; changes within 10 milliseconds make one update.
     void onAutoUpdate();
@@ -194,12 +207,15 @@ public Q_SLOTS:
     void setFieldTitles(const QString &text);
 
 Q_SIGNALS:
+    /// An edit here has connected or disconnected a cell.
     void patchUpdated(int row, int column, bool connected);
+    /// The cross-hair went to another cell, by pointer or key.
     void cursorMoved(int column, int row);
     /// By a key.
     void kbCursorMoved(int column, int row);
     /// Before an edit. A receiver may stop it with setChangeOperationCancelled(true).
     void aboutToChangeValue(CGrid *grid, int channel, int fieldValue, int newValue);
+    /// The pointer has left the grid.
     void cursorOff();
     /// Titles, sizes or orientation changed: what stands around the grid is to be drawn anew.
     void layoutChanged();

@@ -42,6 +42,7 @@ class CONSOLEWIDGETS_EXPORT CListWidge : public QTreeWidget
     Q_PROPERTY(bool rowsMovable READ rowsMovable WRITE setRowsMovable)
 
 public:
+    /// The columns, from left to right.
     enum Column { NumberColumn, TitleColumn, ProtectedColumn, StoredColumn, ColumnCount };
     Q_ENUM(Column)
 
@@ -72,7 +73,7 @@ public:
     void setUndo(COnOffButton *key);
     void setProtect(COnOffButton *key);
 
-    // Whether a command would do something now: what the keys show.
+    /// Whether a command would do something now: what the keys show.
     bool canStore() const;
     bool canRecall() const;
     bool canClear() const;
@@ -112,10 +113,11 @@ public Q_SLOTS:
     void setOtherListName(const QString &name);
     void setRowsMovable(bool movable);
 
-    // The commands, on the selected rows unless they say otherwise.
+    /// Stores the present settings in the selected rows, after asking where something would be lost.
     void Store();
     /// The first selected row.
     void Recall();
+    /// Empties the selected rows, after asking.
     void Clear();
     /// All visible rows, without asking.
     void ClearAll();

@@ -59,6 +59,7 @@ public:
     virtual void toggleProtection(QString &error) = 0;
     /// Whether the slot can never be written.
     virtual bool isReadOnly() const = 0;
+    /// Whether the operator has protected the slot.
     virtual bool isProtected() const = 0;
     /// Whether the slot holds stored settings.
     virtual bool hasData() const = 0;
@@ -103,6 +104,7 @@ public:
     QString spokenText() const;
     /// The slot's contents changed: the list shows the row anew, its keys follow.
     void contentsChanged();
+    /// Keeps hold of the row, which may be deleted meanwhile.
     Reference reference();
 
     /// The row's cells come from the operations above; nothing is stored here for CListWidge's columns.

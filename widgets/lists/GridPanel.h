@@ -19,6 +19,7 @@ class QMenu;
 class CONSOLEWIDGETS_EXPORT GridPanel : public QWidget
 {
     Q_OBJECT
+    /// What stands over the titles. Empty (default): nothing.
     Q_PROPERTY(QString caption READ caption WRITE setCaption)
     /// Of caption and lit titles; the palette's highlight colour while invalid (default).
     Q_PROPERTY(QColor accentColor READ accentColor WRITE setAccentColor)

@@ -103,11 +103,14 @@ public Q_SLOTS:
 
 protected:
     void valueChange() override;
+    /// Takes the look from strip and palette; when the meter is first shown and when its style
+    /// changes.
     virtual void polish();
 
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
+    /// The scales of all meters; made with the first meter.
     static MeterScale s_meterLevels;
     static MeterScale s_meterLevels_SIGMA;
     static MeterScale s_meterLevels_Layer;
@@ -118,6 +121,7 @@ protected:
     static MeterScale s_meterLevels_CompGR;
     static MeterScale s_meterLevels_GR_SelCh;
     static MeterScale s_meterLevels_GR_Effect;
+    /// Whether they are made.
     static bool s_meterLevels_constructed;
 
 private:

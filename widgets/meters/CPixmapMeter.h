@@ -31,6 +31,7 @@ class CONSOLEWIDGETS_EXPORT CPixmapMeter : public QWidget, public TMemProxy
     Q_PROPERTY(QPixmap combinedImage READ combinedImage WRITE setCombinedImage)
 
 public:
+    /// Whether the pictures stand below one another or side by side.
     enum SubDirection { ColImages = 0, RowImages = 1 };
     Q_ENUM(SubDirection)
 
@@ -85,6 +86,7 @@ public Q_SLOTS:
     void process(const Q_UINT8 *data, int operation, Q_UINT32 extra) override;
     /// Going online as well as going offline resets the meter.
     void onlineChange(bool online);
+    /// Shows the lowest picture until the next reading.
     void resetMeter();
 
 protected:
@@ -92,7 +94,9 @@ protected:
     int meterLevelIndex(unsigned short code) const;
     /// Chooses between the memory's thresholds and the own ones.
     void setupMeterTable();
+    /// Asks for a paint of the present picture.
     virtual void valueChange();
+    /// Takes the size of one picture; when the meter is first shown.
     virtual void polish();
 
     bool event(QEvent *event) override;

@@ -55,6 +55,7 @@ public:
     void adjustParams();
     /// Shows a picture; ignored outside 0 to nSubImages - 1.
     void setCurrentImage(int row);
+    /// Shows the lowest state until the next reading.
     void resetMeter();
 
     /// The last level as display text; empty while not attached.
@@ -88,11 +89,13 @@ public Q_SLOTS:
     void changeState(int value);
     /// Shows the present state.
     void triggerUpdate();
+    /// The lamp is dark while the console is offline.
     void onlineChange(bool online);
     /// A reading, or without `data` the request to look at the last one. Any thread.
     void process(const Q_UINT8 *data, int operation, Q_UINT32 extra) override;
 
 protected:
+    /// Calls adjustParams(); when the lamp is first shown.
     virtual void polish();
 
     bool event(QEvent *event) override;

@@ -23,11 +23,12 @@ public:
     /// The counter as the console sends it.
     struct TTimeCounterInfo
     {
-        quint8 hours = 0;
-        quint8 minutes = 0;
-        quint8 seconds = 0;
-        quint8 frames = 0;
+        quint8 hours = 0;   ///< 0 to 23
+        quint8 minutes = 0; ///< 0 to 59
+        quint8 seconds = 0; ///< 0 to 59
+        quint8 frames = 0;  ///< from 0, by the frame rate
 
+        /// Whether any field differs.
         bool operator!=(const TTimeCounterInfo &other) const;
     };
 

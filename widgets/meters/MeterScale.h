@@ -9,6 +9,7 @@
 /// One row of a meter's scale.
 struct TMeterMapping
 {
+    /// `lowestLevel` is a 14-bit code; `pixels` is what the row adds to the length.
     constexpr TMeterMapping(unsigned short lowestLevel, unsigned short pixels)
         : level(lowestLevel), pixelOffset(pixels)
     {
@@ -37,7 +38,9 @@ public:
     /// Turns the steps into lengths: each row gets the sum of the steps before it. Once per scale.
     void sumUp();
 
+    /// From the lowest level up.
     std::span<const TMeterMapping> rows() const { return m_rows; }
+    /// At least 1.
     int rowCount() const { return static_cast<int>(m_rows.size()); }
 
     /// How many rows but the last are at or below that code: the row which it reaches, where the
