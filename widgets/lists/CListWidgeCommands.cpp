@@ -327,7 +327,8 @@ bool CListWidge::isUndoAvailable(bool both) const
         return true;
     for (QTreeWidgetItemIterator it(const_cast<CListWidge *>(this)); *it; ++it) {
         const CListWidgeItem *row = libraryRow(*it);
-        if (row && isShown(row) && row->hasUndo())
+        // In this order: few rows have it, and the view finds out slowly what is hidden.
+        if (row && row->hasUndo() && isShown(row))
             return true;
     }
     return false;

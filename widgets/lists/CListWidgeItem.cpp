@@ -116,6 +116,12 @@ QVariant CListWidgeItem::data(int column, int role) const
     case Qt::DisplayRole:
     case Qt::EditRole: return cellText(column);
     case Qt::AccessibleTextRole: return spokenText();
+    case Qt::ToolTipRole:
+        if (column == CListWidge::ProtectedColumn && isProtected())
+            return CListWidge::tr("Protected");
+        if (column == CListWidge::ProtectedColumn && isReadOnly())
+            return CListWidge::tr("Read only");
+        break;
     case Qt::AccessibleDescriptionRole: return cellText(CListWidge::StoredColumn);
     case Qt::ForegroundRole:
         if (treeWidget() && !hasData())
