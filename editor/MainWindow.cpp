@@ -125,6 +125,11 @@ void MainWindow::watchScenes()
             [this](QScrollArea *page) { d->scenes.addPage(page->widget()); });
     connect(&d->scenes, &SceneDesk::told, this,
             [this](const QString &line) { statusBar()->showMessage(line, messageMilliseconds); });
+    // A control in hand matters more than what was done before.
+    connect(&d->touched, &TouchedControl::changed, this, [this] {
+        if (d->touched.control() && d->touched.control()->isVisible())
+            statusBar()->clearMessage();
+    });
     // What another program does to the library meanwhile is seen on coming back to this one.
     connect(qApp, &QGuiApplication::applicationStateChanged, &d->scenes,
             [this](Qt::ApplicationState state) {

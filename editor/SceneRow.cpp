@@ -35,6 +35,14 @@ std::optional<SceneLibrary::Scene> unpacked(const QByteArray &bytes)
     return scene;
 }
 
+QString changes(int count)
+{
+    if (count == 0)
+        return SceneDesk::tr("nothing was different");
+    return count == 1 ? SceneDesk::tr("1 value changed")
+                      : SceneDesk::tr("%1 values changed").arg(count);
+}
+
 } // namespace
 
 SceneRow::SceneRow(int slot, SceneDesk &desk) : m_desk(desk), m_slot(slot) {}
@@ -62,8 +70,7 @@ void SceneRow::recall(QString &error)
         return;
     const int count =
         m_desk.memory().apply(*snapshot, SceneDesk::tr("Recall %1").arg(numberAndTitle()));
-    m_desk.say(
-        SceneDesk::tr("Recalled %1: %n value(s) changed", nullptr, count).arg(numberAndTitle()));
+    m_desk.say(SceneDesk::tr("Recalled %1: %2").arg(numberAndTitle(), changes(count)));
 }
 
 void SceneRow::clear(QString &error)

@@ -16,6 +16,7 @@ class TestEditorProgram : public QObject
 
 private Q_SLOTS:
     void screensAreDrawnAlikeEveryTime();
+    void picturesLeaveTheOperatorsFilesAlone();
     void scaledScreensHaveMorePixels_data();
     void scaledScreensHaveMorePixels();
     void faultyFormIsToldAndTheRestIsDrawn();
@@ -84,6 +85,20 @@ void TestEditorProgram::screensAreDrawnAlikeEveryTime()
         QCOMPARE(first.size(), QSize(1280, 800));
         QCOMPARE(first, QImage(path("new/second/" + name)));
     }
+}
+
+void TestEditorProgram::picturesLeaveTheOperatorsFilesAlone()
+{
+    const QString library = path("operators.sqlite");
+    QDir(m_folder.path()).mkpath("home");
+    qputenv("XDG_DATA_HOME", path("home").toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", path("home").toLocal8Bit());
+    const Run made = run({"--screens", path("pictures"), "--library", library});
+    qunsetenv("XDG_DATA_HOME");
+    qunsetenv("XDG_CONFIG_HOME");
+    QCOMPARE(made.status, 0);
+    QVERIFY(!QFile::exists(library));
+    QVERIFY(QDir(path("home")).isEmpty());
 }
 
 void TestEditorProgram::scaledScreensHaveMorePixels_data()

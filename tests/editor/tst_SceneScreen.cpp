@@ -106,7 +106,7 @@ void TestSceneScreen::aRecallBringsTheSettingsBackInOneUndoStep()
     QCOMPARE(m_rig->value(Fader, 3), -100);
     QVERIFY(m_rig->value("kInputPan/kPan", 3) != panned);
     QCOMPARE(m_rig->window->statusBar()->currentMessage(),
-             QString("Recalled #012 Scene 012: 2 value(s) changed"));
+             QString("Recalled #012 Scene 012: 2 values changed"));
     QUndoStack &history = *m_rig->memory.undoStack();
     QCOMPARE(history.count(), 1);
     QCOMPARE(menuAction("Undo Recall #012 Scene 012")->isEnabled(), true);
