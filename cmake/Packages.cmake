@@ -53,7 +53,8 @@ console_package(editor console-editor sound
     "editor for a digital mixing console"
     "Channel strips, dynamics with live curves, patch grids and a meter bridge, working on\n\
 a simulated console.")
-set(CPACK_DEBIAN_EDITOR_PACKAGE_DEPENDS "${libraries} ${same_version}, qt6-qpa-plugins")
+set(CPACK_DEBIAN_EDITOR_PACKAGE_DEPENDS
+    "${libraries} ${same_version}, qt6-qpa-plugins, libqt6sql6-sqlite")
 set(CPACK_DEBIAN_EDITOR_PACKAGE_RECOMMENDS "qt6-wayland, hicolor-icon-theme")
 
 console_package(designer consolewidgets-designer devel

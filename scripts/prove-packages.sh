@@ -40,16 +40,19 @@ install() {
         apt-get -qq -y --no-install-recommends -o Dpkg::Use-Pty=0 install "$@" >/dev/null
 }
 
+# The file of a package.
+deb() { (cd "$packages" && echo ./"$1"_*.deb); }
+
 inside apt-get -qq update
-install ./libconsolewidgets0_*.deb ./console-editor_*.deb
+install "$(deb libconsolewidgets0)" "$(deb console-editor)"
 timed "console-editor --screens" console-editor --screens "$workplace/screens"
 check_screens "$workplace/screens"
 
-install ./libconsolewidgets-dev_*.deb cmake ninja-build g++
+install "$(deb libconsolewidgets-dev)" cmake ninja-build g++
 timed "configuring" cmake -S consumer -B build -G Ninja -DEXAMPLES="$workplace/examples"
 timed "building" cmake --build build
 timed "running" ctest --test-dir build --output-on-failure
-install ./consolewidgets-designer_*.deb
+install "$(deb consolewidgets-designer)"
 plugin=$(find "$root/usr/lib" -path '*/qt6/plugins/designer/*' -name '*ConsoleWidgets*.so')
 [[ -n $plugin ]] || fail "the plugin of Designer is not where Qt looks for it"
 missing=$(inside ldd "${plugin#"$root"}" | grep "not found" || true)

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QGridLayout>
+#include <QLabel>
 #include <QThread>
 #include <QTimer>
 
@@ -30,14 +31,18 @@ int main(int argc, char **argv)
         level->setnSubImages(121);
         level->setTransparent(true);
         level->setAccessibleName(QStringLiteral("Level %1").arg(channel + 1));
+        auto *decibels = new QLabel(&window);
+        decibels->setAlignment(Qt::AlignCenter);
+        QObject::connect(level, &CDial::textualValueChange, decibels, &QLabel::setText);
         memory.bind(*level, ToyDevice::Level, channel);
         grid.addWidget(level, 0, channel);
+        grid.addWidget(decibels, 1, channel);
 
         auto *mute = new COnOffButton(&window);
         mute->setText(QStringLiteral("M"));
         mute->setAccessibleName(QStringLiteral("Mute %1").arg(channel + 1));
         memory.bind(*mute, ToyDevice::Mute, channel);
-        grid.addWidget(mute, 1, channel);
+        grid.addWidget(mute, 2, channel);
     }
     window.show();
 
