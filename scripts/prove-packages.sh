@@ -35,7 +35,7 @@ done
 set_up_root
 cp -- "$packages"/*.deb "$root$workplace/"
 cp -a -- "$repository/tests/consumer" "$repository/examples" "$root$workplace/"
-install() {
+apt_install() {
     timed "installing $*" env DEBIAN_FRONTEND=noninteractive \
         apt-get -qq -y --no-install-recommends -o Dpkg::Use-Pty=0 install "$@" >/dev/null
 }
@@ -44,15 +44,15 @@ install() {
 deb() { (cd "$packages" && echo ./"$1"_*.deb); }
 
 inside apt-get -qq update
-install "$(deb libconsolewidgets0)" "$(deb console-editor)"
+apt_install "$(deb libconsolewidgets0)" "$(deb console-editor)"
 timed "console-editor --screens" console-editor --screens "$workplace/screens"
 check_screens "$workplace/screens"
 
-install "$(deb libconsolewidgets-dev)" cmake ninja-build g++
+apt_install "$(deb libconsolewidgets-dev)" cmake ninja-build g++
 timed "configuring" cmake -S consumer -B build -G Ninja -DEXAMPLES="$workplace/examples"
 timed "building" cmake --build build
 timed "running" ctest --test-dir build --output-on-failure
-install "$(deb consolewidgets-designer)"
+apt_install "$(deb consolewidgets-designer)"
 plugin=$(find "$root/usr/lib" -path '*/qt6/plugins/designer/*' -name '*ConsoleWidgets*.so')
 [[ -n $plugin ]] || fail "the plugin of Designer is not where Qt looks for it"
 missing=$(inside ldd "${plugin#"$root"}" | grep "not found" || true)
