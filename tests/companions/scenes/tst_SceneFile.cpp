@@ -266,7 +266,13 @@ void tst_SceneFile::anotherProgramThatIsWriting()
     QVERIFY(!rig.library.store(1, rig.scene(9), &error));
     QVERIFY2(error.contains("in use by another program"), qPrintable(error));
     QCOMPARE(rig.numbers(2), QList({101, 102})); // reading goes on
+    SceneLibrary late;
+    error.clear();
+    QVERIFY(!late.open(rig.fileName(), &error));
+    QVERIFY2(error.contains("in use by another program"), qPrintable(error));
     other.run("COMMIT");
+    QVERIFY(late.open(rig.fileName()));
+    QCOMPARE(late.scene(2).title, QString("Theirs"));
     QVERIFY(rig.library.store(1, rig.scene(9)));
     QCOMPARE(rig.numbers(2), QList({9, 102}));
     QCOMPARE(rig.library.scene(2).title, QString("Theirs"));
