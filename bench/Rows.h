@@ -63,6 +63,11 @@ Measurement gridCache();
 Measurement floodTime();
 Measurement floodLosses();
 
+// SceneRows.cpp
+Measurement sceneStore();
+Measurement sceneRecall();
+Measurement sceneWrites();
+
 // ResponseRows.cpp
 Measurement responseCurve();
 Measurement responseCall();
