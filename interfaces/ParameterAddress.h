@@ -23,6 +23,7 @@ struct UnpackedAddress
     int element; ///< 0-2047
 };
 
+/// The fields that packedAddress() packed, if none was negative.
 constexpr UnpackedAddress unpackedAddress(quint32 packed)
 {
     return {static_cast<int>(packed >> 22), static_cast<int>((packed >> 11) & 0x7FF),

@@ -16,13 +16,15 @@ class ConsoleModel;
 class CONSOLECOMPANIONS_EXPORT ParameterLayout
 {
 public:
+    /// One parameter, by name and by address; its elements follow one another.
     struct Parameter
     {
         QString name; ///< "block/parameter"
-        int group = 0;
-        int index = 0;
-        int elements = 0;
+        int group = 0;    ///< as in addresses
+        int index = 0;    ///< as in addresses
+        int elements = 0; ///< how many values it has
 
+        /// The same name, address and size.
         bool operator==(const Parameter &) const = default;
     };
 

@@ -67,6 +67,7 @@ private:
     Control &m_control;
 };
 
+/// The same in a fixed role.
 template<class Control>
 template<QAccessible::Role Role>
 struct ShownTextAccessible<Control>::InRole : ShownTextAccessible<Control>

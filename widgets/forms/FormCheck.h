@@ -31,4 +31,5 @@ struct FormConsole
 CONSOLEWIDGETS_EXPORT FormFindings checkForm(const QString &fileName,
                                              const FormConsole &console = {});
 
+/// A form with more faults than these has them listed no further.
 constexpr qsizetype MostFormFindings = 1000;

@@ -42,4 +42,5 @@ struct CONSOLEWIDGETS_EXPORT FormFinding
     friend bool operator==(const FormFinding &, const FormFinding &) = default;
 };
 
+/// What checkForm() tells.
 using FormFindings = QList<FormFinding>;
