@@ -13,13 +13,15 @@ struct QMetaObject;
 /// authors. Taken from the comments while the library is built.
 namespace propertynotes {
 
+/// The first words of a property in its header.
 struct Note
 {
-    const char *className;
-    const char *property;
-    const char *text;
+    const char *className; ///< where it is declared
+    const char *property; ///< its name
+    const char *text; ///< plain text
 };
 
+/// Every property of every public class.
 std::span<const Note> all();
 
 /// The meaning of a property of a registered class or of what it derives from; empty for Qt's own.
