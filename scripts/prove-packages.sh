@@ -60,7 +60,7 @@ missing=$(inside ldd "${plugin#"$root"}" | grep "not found" || true)
 keep_fetched_packages
 
 timed "removing" env DEBIAN_FRONTEND=noninteractive apt-get -qq -y purge 'libconsolewidgets*' \
-    console-editor 'consolewidgets-*'
+    console-editor 'consolewidgets-*' >/dev/null
 left=$(find "$root/usr" \( -ipath '*consolewidgets*' -o -path '*console-editor*' \) ! -type d)
 [[ -z $left ]] || fail "left behind: $left"
 
