@@ -19,6 +19,9 @@ const QCommandLineOption checkOption(
     "check", "Look for faults in the forms and exit: with 1 if there are any, with 2 if a form cannot "
              "be read. Needs no display.");
 const QCommandLineOption jsonOption("json", "Tell the faults that --check finds as JSON.");
+const QCommandLineOption classesOption(
+    "classes", "Write what the widgets are and have, with a picture of each, into DIR and exit; needs "
+               "no display.", "DIR");
 const QCommandLineOption rateOption("rate", "Simulated changes of the console per second.", "N");
 const QCommandLineOption sizeOption("size", "Size of the window, for example 1280x800.", "WxH");
 const QCommandLineOption scaleOption("scale", "Scale factor of the pictures of --screens.", "F");
@@ -66,7 +69,7 @@ EditorOptions EditorOptions::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription("Editor for a digital mixing console.");
-    parser.addOptions({modelOption, libraryOption, screensOption, checkOption, jsonOption, rateOption, sizeOption,
+    parser.addOptions({modelOption, libraryOption, screensOption, checkOption, jsonOption, classesOption, rateOption, sizeOption,
                        scaleOption});
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
@@ -83,6 +86,7 @@ EditorOptions EditorOptions::parse(const QStringList &arguments)
     options.model = parser.value(modelOption);
     options.library = parser.value(libraryOption);
     options.screens = parser.value(screensOption);
+    options.classes = parser.value(classesOption);
     options.check = parser.isSet(checkOption);
     options.json = parser.isSet(jsonOption);
     if (options.json && !options.check && options.error.isEmpty())

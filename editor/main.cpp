@@ -3,6 +3,7 @@
 #include "companions/scenes/SceneLibrary.h"
 #include "console/SimulatedConsole.h"
 #include "editor/Appearance.h"
+#include "editor/ClassReference.h"
 #include "editor/DemonstrationScenes.h"
 #include "editor/EditorOptions.h"
 #include "editor/EditorPreferences.h"
@@ -74,6 +75,21 @@ void openLibrary(const EditorOptions &options, SceneLibrary &library)
 }
 
 /// The same console state in every picture: an operator has been at work for a while.
+void workForAWhile(const EditorOptions &options, SimulatedConsole &console)
+{
+    constexpr double busyRate = 4000;
+    constexpr int workedMilliseconds = 60000;
+    console.setRate(options.rate > 0 ? options.rate : busyRate);
+    console.step(workedMilliseconds);
+}
+
+int writeReference(const EditorOptions &options, ParameterMemory &memory, SimulatedConsole &console)
+{
+    workForAWhile(options, console);
+    QString error;
+    return ClassReference(memory, console).write(QDir(options.classes), &error) ? Success : fail(error);
+}
+
 int renderScreens(const EditorOptions &options, ParameterMemory &memory, SimulatedConsole &console)
 {
     const QTemporaryDir folder;
@@ -83,10 +99,7 @@ int renderScreens(const EditorOptions &options, ParameterMemory &memory, Simulat
         return fail(error);
     demonstrationscenes::fill(library, memory);
     MainWindow window(memory, console, library, options.forms);
-    constexpr double busyRate = 4000;
-    constexpr int workedMilliseconds = 60000;
-    console.setRate(options.rate > 0 ? options.rate : busyRate);
-    console.step(workedMilliseconds);
+    workForAWhile(options, console);
     window.resize(options.size);
     window.show();
     if (!ScreenRenderer(window).render(QDir(options.screens), &error))
@@ -123,6 +136,8 @@ int runEditor(const EditorOptions &options)
     }
     SimulatedConsole console(memory);
     console.setRate(options.rate);
+    if (!options.classes.isEmpty())
+        return writeReference(options, memory, console);
     if (!options.screens.isEmpty())
         return renderScreens(options, memory, console);
     SceneLibrary library;

@@ -25,6 +25,7 @@ private Q_SLOTS:
     void shippedFormsHaveNoFaults();
     void faultsOfFormsAreToldWithAStatus_data();
     void faultsOfFormsAreToldWithAStatus();
+    void referenceHasASectionAndAPictureForEveryClass();
     void helpAndVersionNeedNoDisplay();
 
 private:
@@ -150,6 +151,8 @@ void TestEditorProgram::failureIsOneLineAndStatusOne_data()
     QTest::newRow("option unknown") << QStringList("--loud") << "loud";
     QTest::newRow("scale unusable") << QStringList({"--screens", screens, "--scale", "0"}) << "0";
     QTest::newRow("JSON of nothing") << QStringList("--json") << "--check";
+    QTest::newRow("reference cannot be written")
+        << QStringList({"--classes", file + "/in"}) << "file/in";
     QTest::newRow("folder cannot be made") << QStringList({"--screens", file + "/in"}) << "file/in";
     QTest::newRow("no display") << QStringList() << "--screens";
 }
@@ -228,11 +231,42 @@ void TestEditorProgram::faultsOfFormsAreToldWithAStatus()
     QCOMPARE(report["findings"][0].toObject(), expected);
 }
 
+void TestEditorProgram::referenceHasASectionAndAPictureForEveryClass()
+{
+    const Run made = run({"--classes", path("reference")});
+    QCOMPARE(made.errors, QStringList());
+    QCOMPARE(made.status, 0);
+    QFile file(path("reference/classes.md"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(file.readAll());
+    const QStringList pictures = QDir(path("reference")).entryList({"*.png"});
+    QVERIFY(pictures.size() >= 20);
+    QCOMPARE(text.count("\n### "), pictures.size());
+    for (const QString &picture : pictures) {
+        QVERIFY2(text.contains("](" + picture + ")"), qPrintable(picture));
+        const QImage drawn(path("reference/" + picture));
+        bool plain = true;
+        for (int y = 0; y < drawn.height(); ++y) {
+            for (int x = 0; x < drawn.width(); ++x)
+                plain &= drawn.pixel(x, y) == drawn.pixel(0, 0);
+        }
+        QVERIFY2(!plain, qPrintable(picture + " shows nothing"));
+    }
+    for (const char *line :
+         {"| `disabledImageIndex` | `int` | -1 | Row of the picture for the disabled dial;",
+          "| `meterSelector` | `CMeter::EMeterSelector` | eMtr_Normal | The scale.",
+          "| `namedAddress` | `QString` | empty | The parameter's name,",
+          "Signals: `changePatchIn(bool connected)`."})
+        QCOMPARE(text.count(line), 1);
+    // Told once, with its meaning: nothing that form authors set is left unexplained.
+    QVERIFY(!text.contains("|  |"));
+}
+
 void TestEditorProgram::helpAndVersionNeedNoDisplay()
 {
     const Run help = run({"--help"});
     QCOMPARE(help.status, 0);
-    for (const char *option : {"--model", "--library", "--screens", "--check", "--json", "--rate", "--size", "--scale", "FORM"})
+    for (const char *option : {"--model", "--library", "--screens", "--check", "--json", "--classes", "--rate", "--size", "--scale", "FORM"})
         QVERIFY2(help.output.contains(option), option);
     const Run version = run({"--version"});
     QCOMPARE(version.status, 0);
