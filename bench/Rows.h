@@ -59,6 +59,11 @@ Measurement gridView();
 Measurement gridCursor();
 Measurement gridCache();
 
+// ListRows.cpp
+Measurement listSelection();
+Measurement listPaging();
+Measurement listSorting();
+
 // FloodRows.cpp
 Measurement floodTime();
 Measurement floodLosses();
