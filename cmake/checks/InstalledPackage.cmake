@@ -20,9 +20,12 @@ foreach(folder IN ITEMS ${SOURCE} ${BUILD})
     endif()
 endforeach()
 
+find_program(ccache ccache)
+if(ccache)
+    set(ENV{CMAKE_CXX_COMPILER_LAUNCHER} ${ccache})
+endif()
 run("Configuring" ${CMAKE_COMMAND} -S ${SOURCE}/tests/consumer -B ${WORK}/build -G ${GENERATOR}
     -DCMAKE_BUILD_TYPE=${BUILD_TYPE} -DCMAKE_CXX_COMPILER=${COMPILER}
-    -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER}
     -DCMAKE_PREFIX_PATH=${WORK}/prefix -DEXAMPLES=${SOURCE}/examples)
 run("Building" ${CMAKE_COMMAND} --build ${WORK}/build)
 run("Running" ${CMAKE_CTEST_COMMAND} --test-dir ${WORK}/build --output-on-failure)
