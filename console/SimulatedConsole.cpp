@@ -61,6 +61,7 @@ struct SimulatedConsole::Private
 
     // Settings, from any thread.
     std::atomic<double> rate{DefaultRate};
+    std::atomic<qint64> changes{0};
     std::atomic<bool> online{true};
     std::mutex mutex;
     std::optional<QStringList> newBlocks; // guarded by the mutex
@@ -122,6 +123,11 @@ void SimulatedConsole::setRate(double changesPerSecond)
 double SimulatedConsole::rate() const
 {
     return d->rate;
+}
+
+qint64 SimulatedConsole::changes() const
+{
+    return d->changes;
 }
 
 void SimulatedConsole::setBlocks(const QStringList &names)
@@ -212,7 +218,7 @@ void SimulatedConsole::Private::deliver()
     for (const MeterModel::Reading &reading : meters.readings())
         memory.deliverMeter(reading.group, reading.index, reading.element, reading.level,
                             reading.peak);
-    operators.advance(Tick, rate);
+    changes += operators.advance(Tick, rate);
     if (!std::exchange(showStarted, true))
         housekeeping.setUpShow();
     housekeeping.carryOut();

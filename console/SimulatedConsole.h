@@ -51,6 +51,8 @@ public:
     /// Changes of values per second, 0 (none) to HighestRate, on average. Any thread.
     void setRate(double changesPerSecond);
     double rate() const;
+    /// How many values the other operator and the hardware have changed so far. Any thread.
+    qint64 changes() const;
 
     /// The blocks whose parameters may change, by their names in addresses ("kInputFader"); an empty
     /// list, the default, for all but the console's setup. Any thread, heeded at the next tick.

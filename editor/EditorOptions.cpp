@@ -9,6 +9,7 @@ namespace {
 constexpr int highestRate = 1'000'000;
 constexpr double highestScale = 4;
 constexpr int largestSide = 16384;
+constexpr double longestSoak = 7 * 24 * 60; // minutes
 
 const QCommandLineOption modelOption("model", "The console model to load (JSON).", "FILE");
 const QCommandLineOption libraryOption(
@@ -26,6 +27,14 @@ const QCommandLineOption rateOption("rate", "Simulated changes of the console pe
 const QCommandLineOption sizeOption("size", "Size of the window, for example 1280x800.", "WxH");
 const QCommandLineOption scaleOption("scale", "Scale factor of the pictures of --screens.", "F");
 
+const QCommandLineOption soakOption(
+    "soak",
+    "Use the editor hard for MINUTES and check all the while that it shows what the memory holds; exit "
+    "with 1 if not. Needs no display. With --screens, pictures of what is wrong go to DIR.",
+    "MINUTES");
+const QCommandLineOption seedOption("seed", "What --soak does by chance; 1 unless told otherwise.",
+                                    "N");
+
 /// The program's own name stands first: before there is an application, nobody else knows it.
 QString helpText(QCommandLineParser &parser)
 {
@@ -41,6 +50,23 @@ void readRate(EditorOptions &options, const QString &text)
     if (!valid || options.rate < 0 || options.rate > highestRate)
         options.error =
             QString("--rate: \"%1\" is no number from 0 to %2").arg(text).arg(highestRate);
+}
+
+void readSoak(EditorOptions &options, const QString &text)
+{
+    options.soak = text.toDouble();
+    if (!(options.soak > 0 && options.soak <= longestSoak))
+        options.error = QString("--soak: \"%1\" is no number of minutes, at most %2")
+                            .arg(text)
+                            .arg(longestSoak);
+}
+
+void readSeed(EditorOptions &options, const QString &text)
+{
+    bool valid = false;
+    options.seed = text.toUInt(&valid);
+    if (!valid)
+        options.error = QString("--seed: \"%1\" is no number from 0 to 4294967295").arg(text);
 }
 
 void readScale(EditorOptions &options, const QString &text)
@@ -69,8 +95,8 @@ EditorOptions EditorOptions::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription("Editor for a digital mixing console.");
-    parser.addOptions({modelOption, libraryOption, screensOption, checkOption, jsonOption, classesOption, rateOption, sizeOption,
-                       scaleOption});
+    parser.addOptions({modelOption, libraryOption, screensOption, checkOption, jsonOption, classesOption,
+                       rateOption, sizeOption, scaleOption, soakOption, seedOption});
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     parser.addPositionalArgument("FORM", "Form files to open instead of the shipped screens.",
@@ -93,6 +119,10 @@ EditorOptions EditorOptions::parse(const QStringList &arguments)
         options.error = "--json goes with --check";
     if (parser.isSet(rateOption))
         readRate(options, parser.value(rateOption));
+    if (parser.isSet(soakOption))
+        readSoak(options, parser.value(soakOption));
+    if (parser.isSet(seedOption))
+        readSeed(options, parser.value(seedOption));
     if (parser.isSet(scaleOption))
         readScale(options, parser.value(scaleOption));
     if (parser.isSet(sizeOption))

@@ -15,6 +15,8 @@ struct EditorOptions
     QSize size{1280, 800};
     double scale = 1; ///< of the pictures
     int rate = 0;     ///< simulated changes per second
+    double soak = 0;  ///< minutes of hard use; 0: none
+    quint32 seed = 1; ///< of the hard use
     QString classes; ///< folder for the reference of the widgets; empty: none is asked for
     bool check = false; ///< look for faults in the forms instead of opening them
     bool json = false;  ///< tell them as JSON
@@ -25,5 +27,8 @@ struct EditorOptions
     /// `arguments` begin with the program's name.
     static EditorOptions parse(const QStringList &arguments);
 
-    bool needsDisplay() const { return screens.isEmpty() && answer.isEmpty() && classes.isEmpty() && !check; }
+    bool needsDisplay() const
+    {
+        return screens.isEmpty() && answer.isEmpty() && classes.isEmpty() && !check && soak == 0;
+    }
 };

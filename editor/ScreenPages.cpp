@@ -7,6 +7,7 @@
 #include "editor/OutputPatch.h"
 #include "widgets/forms/FormLoader.h"
 #include "widgets/forms/FormRepeater.h"
+#include "widgets/lists/CGrid.h"
 
 #include <QFileInfo>
 #include <QLabel>
@@ -76,6 +77,9 @@ void ScreenPages::openForm(const QString &form)
     area->setWidget(root);
     d->names << uniqueName(QFileInfo(form).completeBaseName(), d->names);
     titlePage(addTab(area, QString()));
+    // A patch is changed from elsewhere, too: every channel, not only the one of the grid's address.
+    for (CGrid *grid : root->findChildren<CGrid *>())
+        grid->setAutoUpdates(true);
     bindPage(root);
     outputpatch::appendAddresses(root, d->memory);
     Q_EMIT pageAdded(area);

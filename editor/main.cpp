@@ -11,6 +11,7 @@
 #include "editor/MainWindow.h"
 #include "editor/ScreenPages.h"
 #include "editor/ScreenRenderer.h"
+#include "editor/soak/Soak.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -123,6 +124,17 @@ int checkForms(const EditorOptions &options)
     return report.findings().isEmpty() ? Success : Failure;
 }
 
+int runSoak(const EditorOptions &options, ParameterMemory &memory)
+{
+    SoakPlan plan;
+    plan.minutes = options.soak;
+    plan.seed = options.seed;
+    plan.forms = options.forms.isEmpty() ? ScreenPages::shippedForms() : options.forms;
+    plan.rate = options.rate > 0 ? options.rate : soak::FullRate;
+    plan.pictures = options.screens;
+    return soak::run(memory, plan) ? Success : Failure;
+}
+
 int runEditor(const EditorOptions &options)
 {
     ParameterMemory memory;
@@ -134,6 +146,8 @@ int runEditor(const EditorOptions &options)
             QMessageBox::critical(nullptr, QObject::tr("Error"), error);
         return Failure;
     }
+    if (options.soak > 0)
+        return runSoak(options, memory);
     SimulatedConsole console(memory);
     console.setRate(options.rate);
     if (!options.classes.isEmpty())

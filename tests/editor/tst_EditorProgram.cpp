@@ -7,6 +7,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void shippedFormsHaveNoFaults();
     void faultsOfFormsAreToldWithAStatus_data();
     void faultsOfFormsAreToldWithAStatus();
+    void aSoakFindsNoDifference();
     void referenceHasASectionAndAPictureForEveryClass();
     void helpAndVersionNeedNoDisplay();
 
@@ -151,6 +153,8 @@ void TestEditorProgram::failureIsOneLineAndStatusOne_data()
     QTest::newRow("option unknown") << QStringList("--loud") << "loud";
     QTest::newRow("scale unusable") << QStringList({"--screens", screens, "--scale", "0"}) << "0";
     QTest::newRow("JSON of nothing") << QStringList("--json") << "--check";
+    QTest::newRow("soak of no time") << QStringList({"--soak", "nan"}) << "nan";
+    QTest::newRow("seed unusable") << QStringList({"--soak", "1", "--seed", "-1"}) << "-1";
     QTest::newRow("reference cannot be written")
         << QStringList({"--classes", file + "/in"}) << "file/in";
     QTest::newRow("folder cannot be made") << QStringList({"--screens", file + "/in"}) << "file/in";
@@ -231,6 +235,16 @@ void TestEditorProgram::faultsOfFormsAreToldWithAStatus()
     QCOMPARE(report["findings"][0].toObject(), expected);
 }
 
+// Not its status: how long the GUI thread runs depends on the machine, and on the build.
+void TestEditorProgram::aSoakFindsNoDifference()
+{
+    const Run made = run({"--soak", "0.08", "--seed", "7", "--rate", "2000"});
+    QVERIFY2(made.output.contains("; differences: 0\n"), qPrintable(made.output));
+    const QRegularExpression operations("Operations: ([1-9]\\d*) of the operator");
+    QVERIFY2(operations.match(made.output).hasMatch(), qPrintable(made.output));
+    QVERIFY(made.status == 0 || made.status == 1);
+}
+
 void TestEditorProgram::referenceHasASectionAndAPictureForEveryClass()
 {
     const Run made = run({"--classes", path("reference")});
@@ -266,7 +280,8 @@ void TestEditorProgram::helpAndVersionNeedNoDisplay()
 {
     const Run help = run({"--help"});
     QCOMPARE(help.status, 0);
-    for (const char *option : {"--model", "--library", "--screens", "--check", "--json", "--classes", "--rate", "--size", "--scale", "FORM"})
+    for (const char *option : {"--model", "--library", "--screens", "--check", "--json", "--classes", "--rate",
+                               "--size", "--scale", "--soak", "--seed", "FORM"})
         QVERIFY2(help.output.contains(option), option);
     const Run version = run({"--version"});
     QCOMPARE(version.status, 0);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The patch screens on the real memory: what the operator patches, reads and takes back.
 #include "tests/editor/EditorRig.h"
+#include "tests/support/PaintWatch.h"
 #include "widgets/lists/CGrid.h"
 #include "widgets/lists/GridPanel.h"
 
@@ -17,7 +18,8 @@ private Q_SLOTS:
     void aClickPatchesAndIsOneUndoStep_data();
     void aClickPatchesAndIsOneUndoStep();
     void bulkOperationsAreOneUndoStepEach();
-    void aChangeFromElsewhereIsShown();
+    void aChangeFromElsewhereIsPaintedWithoutBeingAsked_data();
+    void aChangeFromElsewhereIsPaintedWithoutBeingAsked();
     void thePairUnderThePointerIsToldInWords();
     void theWheelAndCtrlClickDoNotReset();
 
@@ -101,18 +103,43 @@ void TestPatchScreens::bulkOperationsAreOneUndoStepEach()
     stack().clear();
 }
 
-void TestPatchScreens::aChangeFromElsewhereIsShown()
+void TestPatchScreens::aChangeFromElsewhereIsPaintedWithoutBeingAsked_data()
 {
-    CGrid *patch = grid("bus-patch", "Output patch");
+    QTest::addColumn<QString>("screen");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("parameter");
+    QTest::addColumn<int>("element");
+    QTest::addColumn<int>("value");
+    QTest::addColumn<QPoint>("cell");
+    // Far from the first channel, whose address is the grid's own.
+    QTest::newRow("input") << "input-patch" << "Input patch" << "kPatchInInput/kPatchIn" << 40 << 12
+                           << QPoint(11, 40);
+    QTest::newRow("mixes") << "bus-patch" << "Mix assign" << "kInputAssign/kMixMask" << 30 << 4
+                           << QPoint(30, 2);
+    QTest::newRow("outputs") << "bus-patch" << "Output patch" << "kPatchOutOmni/kPatchOut" << 4 << 60
+                             << QPoint(11, 4);
+}
+
+void TestPatchScreens::aChangeFromElsewhereIsPaintedWithoutBeingAsked()
+{
+    QFETCH(QString, screen);
+    QFETCH(QString, name);
+    QFETCH(QString, parameter);
+    QFETCH(int, element);
+    QFETCH(int, value);
+    QFETCH(QPoint, cell);
+    CGrid *patch = grid(screen, name);
     IMemAPI::TSingleBaseAddress at;
-    QVERIFY(m_rig.memory.resolve("kPatchOutOmni/kPatchOut", 4, at));
-    const QRect row(0, patch->cellTop(4), patch->gridWidth(), 13);
-    const QImage before = patch->grab(row).toImage();
-    m_rig.memory.writeValue(at.group, at.index, at.element, 60, 0);
-    QApplication::processEvents();
-    QVERIFY(patch->valueAt(4, 11));
-    QVERIFY(patch->grab(row).toImage() != before);
-    m_rig.memory.writeValue(at.group, at.index, at.element, 53, 0);
+    QVERIFY(m_rig.memory.resolve(parameter, element, at));
+    const int before = m_rig.value(parameter, element);
+    QVERIFY(!patch->valueAt(cell.y(), cell.x()));
+    PaintWatch paints(*patch);
+    paints.take();
+    m_rig.memory.writeValue(at.group, at.index, at.element, value, 0);
+    QVERIFY(patch->valueAt(cell.y(), cell.x()));
+    QRegion painted;
+    QTRY_VERIFY((painted += paints.take()).contains(centre(patch, cell.y(), cell.x())));
+    m_rig.memory.writeValue(at.group, at.index, at.element, before, 0);
 }
 
 void TestPatchScreens::thePairUnderThePointerIsToldInWords()

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "editor/soak/Checker.h"
+
+#include "companions/memory/ParameterMemory.h"
+#include "editor/MainWindow.h"
+#include "editor/soak/ShownValue.h"
+#include "editor/soak/SoakWindows.h"
+#include "editor/soak/WindowPicture.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QThread>
+
+namespace {
+
+/// Longer than any control takes to act on what has been done to it: a key's click takes 100 ms.
+constexpr int QuietMilliseconds = 150;
+/// On a machine that is busy, too: turns of the event loop, for what is done in several.
+constexpr int QuietTurns = 30;
+constexpr int MostLines = 40;
+
+/// Whatever is posted, and what that posts.
+void deliverPosted()
+{
+    constexpr int rounds = 4;
+    for (int i = 0; i < rounds; ++i)
+        QCoreApplication::sendPostedEvents();
+}
+
+} // namespace
+
+void Checker::check()
+{
+    ++m_checks;
+    settle();
+    compareValues();
+    comparePictures();
+    compareAfterReading();
+    m_pictures.clear();
+}
+
+void Checker::settle()
+{
+    QElapsedTimer clock;
+    clock.start();
+    for (int turn = 0; turn < QuietTurns || !clock.hasExpired(QuietMilliseconds); ++turn) {
+        // Who saves paints for the service tick would not get one now.
+        m_memory.tickService();
+        QCoreApplication::processEvents();
+        QThread::msleep(1);
+    }
+    deliverPosted();
+}
+
+void Checker::compareValues()
+{
+    for (QWidget *control : m_windows.boundControls()) {
+        ++m_controls;
+        if (const auto found = shownvalue::compare(*control))
+            report(QStringLiteral("%1 in '%2' shows %3, the memory holds %4")
+                       .arg(shownvalue::describe(*control), SoakWindows::nameOf(*control))
+                       .arg(found->shown)
+                       .arg(found->stored));
+    }
+}
+
+void Checker::comparePictures()
+{
+    for (int number = 0; number < m_windows.count(); ++number) {
+        MainWindow *window = m_windows.window(number);
+        if (!window || !window->isVisible() || window->isMinimized())
+            continue;
+        const QImage shown = windowpicture::present(*window);
+        if (shown.isNull())
+            continue;
+        ++m_compared;
+        const QImage &due = m_pictures[window] = windowpicture::repainted(*window);
+        compare(*window, shown, due, QStringLiteral("shows pixels that a paint does not give"));
+    }
+}
+
+void Checker::compareAfterReading()
+{
+    m_memory.alert(-1, 0, 0);
+    deliverPosted();
+    for (const auto &[window, before] : m_pictures)
+        compare(*window, before, windowpicture::present(*window),
+                QStringLiteral("shows something else after reading the memory again"));
+}
+
+void Checker::compare(QWidget &window, const QImage &shown, const QImage &due, const QString &fault)
+{
+    const QRegion differing = windowpicture::differing(shown, due);
+    if (differing.isEmpty())
+        return;
+    std::map<QWidget *, QRect> places;
+    for (const QRect &part : differing)
+        places[windowpicture::widgetAt(window, shown, part)] |= part;
+    for (const auto &[widget, part] : places)
+        report(QStringLiteral("%1 in '%2' %3: %4x%5 pixels at %6,%7")
+                   .arg(shownvalue::describe(*widget), SoakWindows::nameOf(window), fault)
+                   .arg(part.width())
+                   .arg(part.height())
+                   .arg(part.x())
+                   .arg(part.y()));
+    keepPicture(shown, QStringLiteral("shown"));
+    keepPicture(due, QStringLiteral("due"));
+}
+
+void Checker::report(const QString &line)
+{
+    ++m_count;
+    if (m_lines.size() < MostLines)
+        m_lines << QStringLiteral("check %1: %2").arg(m_checks).arg(line);
+}
+
+void Checker::keepPicture(const QImage &picture, const QString &kind)
+{
+    if (m_folder.isEmpty() || m_lines.size() >= MostLines)
+        return;
+    QDir().mkpath(m_folder);
+    picture.save(QDir(m_folder).filePath(
+        QStringLiteral("check-%1-%2-%3.png").arg(m_checks).arg(m_count).arg(kind)));
+}

@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+#include "editor/soak/Soak.h"
+
+#include "companions/memory/ParameterMemory.h"
+#include "companions/scenes/SceneLibrary.h"
+#include "editor/DemonstrationScenes.h"
+#include "editor/MainWindow.h"
+#include "editor/soak/Checker.h"
+#include "editor/soak/HeldConsole.h"
+#include "editor/soak/Operator.h"
+#include "editor/soak/ResidentMemory.h"
+#include "editor/soak/SoakWindows.h"
+#include "editor/soak/StallWatch.h"
+#include "editor/soak/Stagehand.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int StepMilliseconds = 2;
+constexpr int StepsPerDeed = 25;
+constexpr int MostBetweenChecks = 5000; // milliseconds
+constexpr int LeastChecks = 4;
+constexpr qint64 Minute = 60'000;
+constexpr double Megabyte = 1024 * 1024;
+
+void print(const QString &line)
+{
+    std::printf("%s\n", qPrintable(line));
+}
+
+/// Everything that takes part, and the order of what happens.
+class SoakRun
+{
+public:
+    SoakRun(ParameterMemory &memory, SceneLibrary &library, const SoakPlan &plan)
+        : m_memory(memory), m_duration(static_cast<qint64>(plan.minutes * Minute)), m_plan(plan),
+          m_held(memory, plan.seed), m_windows(memory, m_held.console(), library, plan.forms),
+          m_stagehand(m_windows, memory, m_held.console(), m_watch, plan.seed + 1),
+          m_operator(m_windows, plan.seed + 2), m_checker(memory, m_windows)
+    {
+        m_held.console().setRate(plan.rate);
+        m_checker.keepPicturesIn(plan.pictures);
+    }
+
+    void run();
+    /// True when all was well.
+    bool report() const;
+
+private:
+    bool reportStalls() const;
+    void post();
+    void step();
+    void check();
+    void measureAfterFirstMinute();
+    bool isGrowthKnown() const { return m_afterFirstMinute > 0; }
+
+    ParameterMemory &m_memory;
+    const qint64 m_duration; // milliseconds
+    const SoakPlan &m_plan;
+    HeldConsole m_held;
+    StallWatch m_watch;
+    SoakWindows m_windows;
+    Stagehand m_stagehand;
+    Operator m_operator;
+    Checker m_checker;
+    QEventLoop m_loop;
+    QObject m_steps; ///< receives them
+    QElapsedTimer m_clock;
+    QElapsedTimer m_sinceCheck;
+    qint64 m_stepCount = 0;
+    qint64 m_afterFirstMinute = 0; ///< resident bytes; 0 before
+    qint64 m_atEnd = 0;
+    int m_depth = 0; ///< steps that have not returned: boxes run event loops of their own
+    bool m_posted = false;
+    bool m_checking = false;
+};
+
+void SoakRun::run()
+{
+    m_clock.start();
+    m_sinceCheck.start();
+    QTimer pulse;
+    pulse.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&pulse, &QTimer::timeout, &m_steps, [this] { post(); });
+    m_watch.startAnew();
+    pulse.start(StepMilliseconds);
+    m_loop.exec();
+    pulse.stop();
+    m_stagehand.setUpAgain();
+    check();
+    m_atEnd = residentmemory::present();
+}
+
+/// A timer does not call while its last call has not returned, and a step may stay in an event loop of
+/// its own; what is posted comes there, too.
+void SoakRun::post()
+{
+    if (m_posted || m_checking)
+        return;
+    m_posted = true;
+    QMetaObject::invokeMethod(&m_steps, [this] { step(); }, Qt::QueuedConnection);
+}
+
+void SoakRun::step()
+{
+    m_posted = false;
+    if (m_checking)
+        return;
+    const bool outermost = m_depth == 0;
+    if (outermost && m_clock.hasExpired(m_duration)) {
+        m_loop.quit();
+        return;
+    }
+    ++m_depth;
+    const bool free = outermost && !QApplication::activeModalWidget();
+    if (free && m_sinceCheck.hasExpired(std::min<qint64>(MostBetweenChecks, m_duration / LeastChecks)))
+        check();
+    else if (++m_stepCount % StepsPerDeed == 0 && free)
+        m_stagehand.act();
+    else
+        m_operator.act();
+    m_watch.setDoing(m_stepCount % StepsPerDeed == 0 ? m_stagehand.deed() : m_operator.gesture());
+    --m_depth;
+}
+
+void SoakRun::check()
+{
+    const StallWatch::Pause pause(m_watch);
+    const HeldConsole::Hold hold(m_held);
+    m_checking = true;
+    m_checker.check();
+    m_checking = false;
+    m_sinceCheck.start();
+    measureAfterFirstMinute();
+}
+
+void SoakRun::measureAfterFirstMinute()
+{
+    if (isGrowthKnown() || m_clock.elapsed() < Minute || m_duration < 2 * Minute)
+        return;
+    m_stagehand.setUpAgain();
+    m_afterFirstMinute = residentmemory::present();
+}
+
+bool SoakRun::report() const
+{
+    for (const QString &line : m_checker.lines())
+        print(line);
+    print(QStringLiteral("Operations: %1 of the operator, %2 around; changes of the console: %3")
+              .arg(m_operator.operations())
+              .arg(m_stagehand.operations())
+              .arg(m_held.console().changes()));
+    print(QStringLiteral("Checks: %1, of %2 controls and %3 windows; differences: %4")
+              .arg(m_checker.checks())
+              .arg(m_checker.controlsCompared())
+              .arg(m_checker.windowsCompared())
+              .arg(m_checker.differences()));
+    const auto megabytes = [](qint64 bytes) { return QString::number(bytes / Megabyte, 'f', 1); };
+    const QString first = isGrowthKnown() ? megabytes(m_afterFirstMinute) + QStringLiteral(" MB")
+                                          : QStringLiteral("not judged in so short a soak");
+    print(QStringLiteral("Resident memory: %1 MB at the end, after the first minute %2; peak %3 MB")
+              .arg(megabytes(m_atEnd), first, megabytes(residentmemory::peak())));
+    const bool smooth = reportStalls();
+    const bool grown = isGrowthKnown() && m_atEnd - m_afterFirstMinute > soak::MostGrowth;
+    return m_checker.differences() == 0 && !grown && smooth;
+}
+
+bool SoakRun::reportStalls() const
+{
+    const StallWatch::Stall running = m_watch.longestRunning();
+    const StallWatch::Stall still = m_watch.longestStill();
+    print(QStringLiteral("Longest stall: the GUI thread ran %1 ms (%2), stood still %3 ms (%4)")
+              .arg(running.running, 0, 'f', 1)
+              .arg(QLatin1StringView(running.doing))
+              .arg(still.still, 0, 'f', 1)
+              .arg(QLatin1StringView(still.doing)));
+    print(QStringLiteral("Longest wait with what others kept the machine busy: %1 ms; longest opening of "
+                         "a window: %2 ms")
+              .arg(m_watch.longest().length, 0, 'f', 1)
+              .arg(m_stagehand.longestOpening()));
+    return running.running <= soak::LongestStall && still.still <= soak::LongestStandstill;
+}
+
+} // namespace
+
+bool soak::run(ParameterMemory &memory, const SoakPlan &plan)
+{
+    const QTemporaryDir folder;
+    SceneLibrary library;
+    QString error;
+    if (!library.open(folder.filePath(QStringLiteral("scenes.sqlite")), &error)) {
+        std::fprintf(stderr, "%s\n", qPrintable(error));
+        return false;
+    }
+    demonstrationscenes::fill(library, memory);
+    QAccessible::setActive(true);
+    std::printf("Soak: %g minutes, seed %u, %lld screens\n", plan.minutes, plan.seed,
+                static_cast<long long>(plan.forms.size()));
+    std::fflush(stdout);
+    SoakRun run(memory, library, plan);
+    run.run();
+    return run.report();
+}

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+
+class ParameterMemory;
+
+/// What a soak is to be.
+struct SoakPlan
+{
+    double minutes = 10;
+    std::uint32_t seed = 1;
+    QStringList forms;
+    double rate = 0;  ///< of the simulated console, changes per second
+    QString pictures; ///< folder for pictures of differences; empty: none are kept
+};
+
+/// Hard use of the editor without anybody at it: a window for each screen and one with all of them, a
+/// console at full rate, an operator who does anything to anything, and windows that come and go. All
+/// the while it is checked that every control shows what the memory holds.
+namespace soak {
+
+/// Prints what it finds. False when a control has shown something else than the memory held, when memory
+/// has grown after the first minute, or when the editor has let an event wait for too long by itself.
+bool run(ParameterMemory &memory, const SoakPlan &plan);
+
+/// The most that the GUI thread may run while an event waits, in milliseconds: the editor's own part of a
+/// stall, whatever else keeps the machine busy. Opening a window is not counted.
+constexpr double LongestStall = 50;
+/// The most that it may stand still meanwhile. On a busy machine that is mostly others' doing, since
+/// whom it waits for is kept waiting, too.
+constexpr double LongestStandstill = 500;
+/// Changes per second of the simulated console, unless told otherwise.
+constexpr double FullRate = 10000;
+/// How much the resident memory may grow after the first minute, in bytes: what caches come to that are
+/// filled later, and what freed memory leaves between what is still used.
+constexpr qint64 MostGrowth = 16 * 1024 * 1024;
+
+} // namespace soak

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "editor/soak/SoakWindows.h"
+
+#include "editor/MainWindow.h"
+#include "editor/ScreenPages.h"
+#include "interfaces/TMemProxy.h"
+
+#include <QScrollArea>
+
+namespace {
+
+constexpr QSize WindowSize(1280, 800);
+
+} // namespace
+
+SoakWindows::SoakWindows(ParameterMemory &memory, SimulatedConsole &console, SceneLibrary &library,
+                         const QStringList &forms)
+    : m_memory(memory), m_console(console), m_library(library), m_forms(forms),
+      m_windows(static_cast<size_t>(forms.size()) + 1)
+{
+}
+
+SoakWindows::~SoakWindows() = default;
+
+void SoakWindows::open(int number)
+{
+    const QStringList forms = number < m_forms.size() ? QStringList(m_forms[number]) : m_forms;
+    auto &window = m_windows[static_cast<size_t>(number)];
+    window = std::make_unique<MainWindow>(m_memory, m_console, m_library, forms);
+    window->setObjectName(number < m_forms.size() ? window->pages().pageName(0)
+                                                  : QStringLiteral("all screens"));
+    window->resize(WindowSize);
+    window->show();
+}
+
+void SoakWindows::close(int number)
+{
+    m_windows[static_cast<size_t>(number)].reset();
+}
+
+void SoakWindows::openAll()
+{
+    for (int number = 0; number < count(); ++number) {
+        if (!window(number))
+            open(number);
+    }
+}
+
+std::vector<QWidget *> SoakWindows::boundControls() const
+{
+    std::vector<QWidget *> controls;
+    for (const auto &each : m_windows) {
+        if (!each)
+            continue;
+        for (QWidget *widget : each->findChildren<QWidget *>()) {
+            const auto *proxy = dynamic_cast<TMemProxy *>(widget);
+            if (proxy && proxy->isAttached())
+                controls.push_back(widget);
+        }
+    }
+    return controls;
+}
+
+QString SoakWindows::nameOf(const QWidget &inside)
+{
+    return inside.window()->objectName();
+}

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "editor/soak/StallWatch.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+
+#include <chrono>
+#include <cstdio>
+#include <optional>
+
+#include <pthread.h>
+#include <time.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr std::chrono::milliseconds Between(2);
+
+clockid_t clockOfThisThread()
+{
+    clockid_t clock = CLOCK_THREAD_CPUTIME_ID;
+    pthread_getcpuclockid(pthread_self(), &clock);
+    return clock;
+}
+
+double milliseconds(clockid_t clock)
+{
+    timespec time{};
+    clock_gettime(clock, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
+/// How long a thread has waited for a processor so far, in milliseconds; nothing where the system does
+/// not say.
+std::optional<double> keptWaiting(int thread)
+{
+    char name[64];
+    std::snprintf(name, sizeof name, "/proc/self/task/%d/schedstat", thread);
+    std::FILE *file = std::fopen(name, "r");
+    if (!file)
+        return std::nullopt;
+    unsigned long long ran = 0;
+    unsigned long long waited = 0;
+    const bool read = std::fscanf(file, "%llu %llu", &ran, &waited) == 2;
+    std::fclose(file);
+    return read && ran > 0 ? std::optional(static_cast<double>(waited) / 1e6) : std::nullopt;
+}
+
+} // namespace
+
+StallWatch::StallWatch()
+    : m_guiThread(gettid()), m_guiClock(clockOfThisThread()), m_thread([this] { run(); })
+{
+}
+
+StallWatch::~StallWatch()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_stopping = true;
+    }
+    m_wake.notify_one();
+    m_thread.join();
+}
+
+void StallWatch::startAnew()
+{
+    m_longest = {};
+    m_longestRunning = {};
+    m_longestStill = {};
+    m_spoilt = true;
+}
+
+StallWatch::Times StallWatch::now() const
+{
+    const double clock = milliseconds(CLOCK_MONOTONIC);
+    const double running = milliseconds(m_guiClock);
+    // Without a word from the system, all the time that it did not run.
+    return {clock, running, keptWaiting(m_guiThread).value_or(clock - running)};
+}
+
+void StallWatch::run()
+{
+    std::unique_lock lock(m_mutex);
+    while (!m_stopping) {
+        m_answered = false;
+        m_asked = now();
+        QCoreApplication::postEvent(this, new QEvent(QEvent::User), Qt::HighEventPriority);
+        m_wake.wait(lock, [this] { return m_answered || m_stopping; });
+        m_wake.wait_for(lock, Between, [this] { return m_stopping; });
+    }
+}
+
+bool StallWatch::event(QEvent *event)
+{
+    if (event->type() != QEvent::User)
+        return QObject::event(event);
+    std::unique_lock lock(m_mutex);
+    const Times answered = now();
+    const double length = answered.clock - m_asked.clock;
+    const double running = answered.running - m_asked.running;
+    const double still = length - running - (answered.kept - m_asked.kept);
+    const Stall stall{length, running, std::max(0.0, still), m_doing};
+    m_answered = true;
+    lock.unlock();
+    m_wake.notify_one();
+    if (std::exchange(m_spoilt, false) || m_pauses > 0)
+        return true;
+    for (const auto &[longest, of] : {std::pair(&m_longest, &Stall::length),
+                                      std::pair(&m_longestRunning, &Stall::running),
+                                      std::pair(&m_longestStill, &Stall::still)}) {
+        if (stall.*of > longest->*of)
+            *longest = stall;
+    }
+    return true;
+}

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+/// Watches from a thread of its own how long the GUI thread lets an event wait: asks, waits for the
+/// answer, asks again a moment later.
+///
+/// On a machine that others use, too, most of a long wait may be the machine's. What is the program's own
+/// is told apart: what the GUI thread ran in the meantime, and what it stood still, neither running nor
+/// kept from it (it waited for a disk, or for a thread of ours that may have been kept waiting in turn).
+/// Construct and destroy it on the GUI thread.
+class StallWatch : public QObject
+{
+public:
+    /// One wait for an answer, in milliseconds.
+    struct Stall
+    {
+        double length = 0;
+        double running = 0;
+        double still = 0;       ///< 0 where the system does not say who was kept from running
+        const char *doing = ""; ///< what was done last when it ended
+    };
+
+    StallWatch();
+    ~StallWatch() override;
+
+    /// The longest of all, the one in which the GUI thread ran the longest, and stood the longest.
+    Stall longest() const { return m_longest; }
+    Stall longestRunning() const { return m_longestRunning; }
+    Stall longestStill() const { return m_longestStill; }
+    /// What is done now, for the record; a text that stays.
+    void setDoing(const char *what) { m_doing = what; }
+    /// Forgets what was seen so far.
+    void startAnew();
+
+    /// While one lives, waits are not counted: the one who watches is at work itself.
+    class Pause
+    {
+    public:
+        explicit Pause(StallWatch &watch) : m_watch(watch) { ++watch.m_pauses; }
+        ~Pause()
+        {
+            m_watch.m_spoilt = true;
+            --m_watch.m_pauses;
+        }
+        Q_DISABLE_COPY_MOVE(Pause)
+
+    private:
+        StallWatch &m_watch;
+    };
+
+    bool event(QEvent *event) override;
+
+private:
+    /// What the GUI thread has used so far, in milliseconds.
+    struct Times
+    {
+        double clock = 0;
+        double running = 0;
+        double kept = 0; ///< ready, without a processor
+    };
+
+    void run();
+    Times now() const;
+
+    const int m_guiThread;
+    const clockid_t m_guiClock;
+    Stall m_longest;
+    Stall m_longestRunning;
+    Stall m_longestStill;
+    const char *m_doing = "";
+    int m_pauses = 0;
+    bool m_spoilt = false; ///< a pause fell into the present question
+
+    std::mutex m_mutex;
+    std::condition_variable m_wake;
+    Times m_asked;         ///< guarded by the mutex, as what follows
+    bool m_answered = false;
+    bool m_stopping = false;
+    std::thread m_thread;
+};
