@@ -91,18 +91,23 @@ QString cell(const QString &text)
 
 } // namespace
 
-QString WidgetPage::text() const
+QString WidgetPage::picture(int width) const
+{
+    return QString("@image html %1.png width=%2px\n").arg(m_entry.className()).arg(width);
+}
+
+QString WidgetPage::text(int width) const
 {
     return QString("/** @class %1\n"
-                   "@image html %1.png\n"
+                   "%2"
                    "<h3>How it reads and writes</h3>\n"
                    "@snippetdoc reading-and-writing.txt %1\n"
                    "<h3>Example</h3>\n"
                    "@snippet Specimens.cpp %1\n"
-                   "<h3>Properties</h3>\n%2"
-                   "<h3>Signals</h3>\n%3"
+                   "<h3>Properties</h3>\n%3"
+                   "<h3>Signals</h3>\n%4"
                    "*/\n")
-        .arg(m_entry.className(), properties(), signalTable());
+        .arg(m_entry.className(), picture(width), properties(), signalTable());
 }
 
 QString WidgetPage::properties() const

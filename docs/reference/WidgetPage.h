@@ -13,8 +13,10 @@ class WidgetPage
 public:
     explicit WidgetPage(const WidgetRegistry::Entry &entry) : m_entry(entry) {}
 
-    /// A documentation comment for the class.
-    QString text() const;
+    /// A documentation comment for the class, whose picture is `width` wide.
+    QString text(int width) const;
+    /// The line that shows that picture.
+    QString picture(int width) const;
     /// Properties with a number in them whose unit is not known: the tables would be incomplete.
     QStringList withoutUnit() const;
 

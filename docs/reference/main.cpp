@@ -37,34 +37,40 @@ void write(const QString &name, const QString &text)
         fault(QString("%1: %2").arg(name, file.errorString()));
 }
 
-void writeClass(const WidgetRegistry::Entry &entry, const QDir &folder)
+/// Returns the line that shows the class in the gallery.
+QString writeClass(const WidgetRegistry::Entry &entry, const QDir &folder)
 {
     const QString name = entry.className();
     const Specimen *specimen = Specimen::find(entry.className());
-    if (!specimen)
-        return fault(QString("%1 has no specimen, see Specimens.cpp").arg(name));
+    if (!specimen) {
+        fault(QString("%1 has no specimen, see Specimens.cpp").arg(name));
+        return {};
+    }
     const WidgetPage page(entry);
     for (const QString &property : page.withoutUnit())
         fault(QString("%1 has no unit, see WidgetPage.cpp").arg(property));
-    if (!pictureOf(*specimen).save(folder.filePath(name + ".png")))
+    const QPixmap picture = pictureOf(*specimen);
+    if (!picture.save(folder.filePath(name + ".png")))
         fault(QString("%1.png cannot be written").arg(name));
-    write(folder.filePath(name + ".dox"), page.text());
+    const int width = qRound(picture.deviceIndependentSize().width());
+    write(folder.filePath(name + ".dox"), page.text(width));
+    return QString("<tr><td>%1</td><td>@ref %2</td><td>%3</td></tr>\n")
+        .arg(page.picture(width), name, QString(entry.toolTip).toHtmlEscaped());
 }
 
-/// All widgets under the headings of their groups.
-QString gallery()
+/// A page for each class, and one with all of them under the headings of their groups.
+void writeAll(const QDir &folder)
 {
     QString text = "/** @page widgets Widgets\n";
     QString group;
     for (const WidgetRegistry::Entry &entry : WidgetRegistry::entries()) {
         if (group != entry.group)
             text += QString(group.isEmpty() ? "" : "</table>\n") + "<h2>" + entry.group
-                    + "</h2>\n<table class=\"gallery\">\n";
+                    + "</h2>\n<table>\n";
         group = entry.group;
-        text += QString("<tr><td>@image html %1.png\n</td><td>@ref %1</td><td>%2</td></tr>\n")
-                    .arg(entry.className(), QString(entry.toolTip).toHtmlEscaped());
+        text += writeClass(entry, folder);
     }
-    return text + "</table>\n*/\n";
+    write(folder.filePath("widgets.dox"), text + "</table>\n*/\n");
 }
 
 } // namespace
@@ -82,8 +88,6 @@ int main(int argc, char **argv)
     qInstallMessageHandler(takeMessage);
     const QDir folder(app.arguments().at(1));
     folder.mkpath(".");
-    for (const WidgetRegistry::Entry &entry : WidgetRegistry::entries())
-        writeClass(entry, folder);
-    write(folder.filePath("widgets.dox"), gallery());
+    writeAll(folder);
     return faults == 0 ? 0 : 1;
 }
