@@ -159,8 +159,9 @@ void Check::checkWidgets(Sheet &sheet)
         if (named.isEmpty())
             continue;
         QWidget *widget = named.takeFirst();
-        checkWidget({object, *widget, sheet.channel, sheet.findings},
-                    elementAround(widget, sheet.element()));
+        const CheckedWidget checked{object, *widget, sheet.channel, sheet.findings};
+        checkWidget(checked, elementAround(widget, sheet.element()));
+        formrules::checkKeys(checked, *sheet.root);
     }
 }
 

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/forms/FormRules.h"
 
+#include "widgets/buttons/COnOffButton.h"
 #include "widgets/buttons/CPullDownMenu.h"
 #include "widgets/lists/CGrid.h"
+#include "widgets/lists/CListWidge.h"
 #include "widgets/lists/GridAxis.h"
 #include "widgets/lists/GridDisabledCells.h"
 #include "widgets/lists/GridNumbering.h"
@@ -154,6 +156,26 @@ void checkGrid(const CheckedWidget &widget, const CGrid &grid)
 }
 
 } // namespace
+
+void formrules::checkKeys(const CheckedWidget &widget, const QWidget &form)
+{
+    if (!widget.as<CListWidge>())
+        return;
+    const auto check = [&](const char *property, bool wantsList) {
+        const QString name = widget.text(property);
+        const auto *named = form.findChild<QWidget *>(name);
+        const bool fits = wantsList ? qobject_cast<const CListWidge *>(named) != nullptr
+                                    : qobject_cast<const COnOffButton *>(named) != nullptr;
+        if (!name.isEmpty() && !fits)
+            widget.report(FormFinding::Connection, property,
+                          named ? tr("'%1' is no %2").arg(name, wantsList ? tr("list") : tr("key"))
+                                : tr("no widget '%1'").arg(name));
+    };
+    for (const char *key :
+         {"storeButton", "recallButton", "clearButton", "undoButton", "protectButton"})
+        check(key, false);
+    check("otherList", true);
+}
 
 void formrules::checkLists(const CheckedWidget &widget)
 {

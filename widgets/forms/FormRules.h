@@ -53,6 +53,8 @@ void checkValues(const CheckedWidget &widget);
 void checkPictures(const CheckedWidget &widget);
 /// The items of its lists.
 void checkLists(const CheckedWidget &widget);
+/// The keys and the other list that a library list names, among the widgets of its form.
+void checkKeys(const CheckedWidget &widget, const QWidget &form);
 /// A name for people.
 void checkAccessibility(const CheckedWidget &widget);
 /// The addresses in its properties; `element` is the one that holds where the widget stands.

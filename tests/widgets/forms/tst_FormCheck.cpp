@@ -283,6 +283,12 @@ void TestFormCheck::faultIsOneFindingWithItsPlace_data()
     row("tab stop unknown",
         F::form(F::widget("CDial", named({})), "<tabstops><tabstop>who</tabstop></tabstops>"),
         "connection", "", "'who'");
+    row("list without its key", with("CListWidge", text("recallButton", "nobody")), "connection",
+        "recallButton", "'nobody'");
+    row("list with a label for a key", with("CListWidge", text("storeButton", "survivor")),
+        "connection", "storeButton", "no key");
+    row("list with a label beside it", with("CListWidge", text("otherList", "survivor")),
+        "connection", "otherList", "no list");
     row("form to repeat missing", F::form(F::widget("FormRepeater", text("form", "no.ui"))),
         "contents", "form", "no.ui");
     row("form to repeat not told", F::form(F::widget("FormRepeater", {})), "contents", "form",
@@ -306,7 +312,7 @@ void TestFormCheck::faultIsOneFindingWithItsPlace()
     QVERIFY2(finding.text().contains(tells), qPrintable(finding.text()));
     QCOMPARE(finding.file, m_files.folder.filePath("page.ui"));
     QVERIFY(finding.line >= 7);
-    if (kind != "connection")
+    if (kind != "connection" || !property.isEmpty())
         QCOMPARE(finding.widget, "it");
 }
 
