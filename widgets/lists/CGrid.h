@@ -211,7 +211,7 @@ Q_SIGNALS:
     void patchUpdated(int row, int column, bool connected);
     /// The cross-hair went to another cell, by pointer or key.
     void cursorMoved(int column, int row);
-    /// By a key.
+    /// The cursor went to another cell by a key.
     void kbCursorMoved(int column, int row);
     /// Before an edit. A receiver may stop it with setChangeOperationCancelled(true).
     void aboutToChangeValue(CGrid *grid, int channel, int fieldValue, int newValue);

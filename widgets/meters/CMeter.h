@@ -39,17 +39,17 @@ public:
     /// there is.
     enum EMeterSelector {
         eMtr_Normal_Offset = 0,
-        eMtr_Normal = 1,
-        eMtr_Sigma = 2,
-        eMtr_Layer = 3,
-        eMtr_SelCh = 4,
-        eMtr_CompOut = 5,
-        eMtr_Normal_Eff = 6,
+        eMtr_Normal = 1,     ///< levels
+        eMtr_Sigma = 2,      ///< a lamp that is lit at full scale
+        eMtr_Layer = 3,      ///< levels, for short meters
+        eMtr_SelCh = 4,      ///< levels of the selected channel
+        eMtr_CompOut = 5,    ///< levels behind a compressor
+        eMtr_Normal_Eff = 6, ///< levels of effects
         eMtr_GR_Offset = 100,
-        eMtr_GR = 101,
-        eMtr_CompGR = 102,
-        eMtr_GR_SelCh = 103,
-        eMtr_GR_Eff = 104,
+        eMtr_GR = 101,       ///< gain reductions
+        eMtr_CompGR = 102,   ///< gain reductions of a compressor
+        eMtr_GR_SelCh = 103, ///< gain reductions of the selected channel
+        eMtr_GR_Eff = 104,   ///< gain reductions of effects
     };
     Q_ENUM(EMeterSelector)
 
