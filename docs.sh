@@ -11,7 +11,7 @@ scripts/setup.sh doxygen
 echo "docs: building the library and the site"
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
-if ! { cmake --preset release -DCONSOLEWIDGETS_DOCS=ON \
+if ! { cmake --fresh --preset release -DCONSOLEWIDGETS_DOCS=ON \
     -DCONSOLEWIDGETS_DOCS_FOLDER="$PWD/build/docs" &&
     cmake --build --preset release --target docs; } &>"$log"; then
     tail -n 40 "$log" >&2
