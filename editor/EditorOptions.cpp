@@ -35,6 +35,14 @@ const QCommandLineOption soakOption(
 const QCommandLineOption seedOption("seed", "What --soak does by chance; 1 unless told otherwise.",
                                     "N");
 
+const QCommandLineOption recordOption(
+    "record", "Record what becomes of all parameters, with times, into FILE.", "FILE");
+const QCommandLineOption replayOption(
+    "replay",
+    "Open the screens, do once more what was recorded in FILE, and exit: with 1 if a control shows "
+    "something else. Needs no display.",
+    "FILE");
+
 /// The program's own name stands first: before there is an application, nobody else knows it.
 QString helpText(QCommandLineParser &parser)
 {
@@ -96,7 +104,7 @@ EditorOptions EditorOptions::parse(const QStringList &arguments)
     QCommandLineParser parser;
     parser.setApplicationDescription("Editor for a digital mixing console.");
     parser.addOptions({modelOption, libraryOption, screensOption, checkOption, jsonOption, classesOption,
-                       rateOption, sizeOption, scaleOption, soakOption, seedOption});
+                       rateOption, sizeOption, scaleOption, soakOption, seedOption, recordOption, replayOption});
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     parser.addPositionalArgument("FORM", "Form files to open instead of the shipped screens.",
@@ -112,6 +120,8 @@ EditorOptions EditorOptions::parse(const QStringList &arguments)
     options.model = parser.value(modelOption);
     options.library = parser.value(libraryOption);
     options.screens = parser.value(screensOption);
+    options.record = parser.value(recordOption);
+    options.replay = parser.value(replayOption);
     options.classes = parser.value(classesOption);
     options.check = parser.isSet(checkOption);
     options.json = parser.isSet(jsonOption);

@@ -17,6 +17,8 @@ struct EditorOptions
     int rate = 0;     ///< simulated changes per second
     double soak = 0;  ///< minutes of hard use; 0: none
     quint32 seed = 1; ///< of the hard use
+    QString record;   ///< file to record parameter traffic into; empty: none
+    QString replay;   ///< recorded traffic to replay; empty: none
     QString classes; ///< folder for the reference of the widgets; empty: none is asked for
     bool check = false; ///< look for faults in the forms instead of opening them
     bool json = false;  ///< tell them as JSON
@@ -29,6 +31,7 @@ struct EditorOptions
 
     bool needsDisplay() const
     {
-        return screens.isEmpty() && answer.isEmpty() && classes.isEmpty() && !check && soak == 0;
+        return screens.isEmpty() && answer.isEmpty() && classes.isEmpty() && !check && soak == 0
+               && replay.isEmpty();
     }
 };

@@ -17,6 +17,11 @@ using boundcontrols::proxyOf;
 
 namespace {
 
+bool takesNumbers(const QWidget &control)
+{
+    return control.metaObject()->indexOfMethod("editNumber()") >= 0;
+}
+
 /// The default that resets a control and stands in its menu.
 constexpr int AlternativeDefault = 1;
 
@@ -48,7 +53,7 @@ void ProxyCommands::watch(QWidget *control)
 
 void ProxyCommands::enterValue(QWidget *control)
 {
-    if (control && control->isEnabled())
+    if (control && control->isEnabled() && takesNumbers(*control))
         QMetaObject::invokeMethod(control, "editNumber");
 }
 
@@ -106,8 +111,7 @@ QMenu *ProxyCommands::contextMenu(QWidget *control) const
         action->setEnabled(enabled);
     };
     menu->addSection(boundcontrols::nameOf(control, m_memory));
-    const bool typable = control->metaObject()->indexOfMethod("editNumber()") >= 0;
-    add(tr("&Enter value..."), editable && typable, enterValue);
+    add(tr("&Enter value..."), editable && takesNumbers(*control), enterValue);
     add(tr("&Reset to default"), editable, resetToDefault);
     menu->addSeparator();
     add(tr("&Copy"), proxyOf(control)->isAttached(), copy);

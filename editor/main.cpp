@@ -11,6 +11,9 @@
 #include "editor/MainWindow.h"
 #include "editor/ScreenPages.h"
 #include "editor/ScreenRenderer.h"
+#include "editor/recording/Recorder.h"
+#include "editor/recording/Recording.h"
+#include "editor/recording/Replay.h"
 #include "editor/soak/Soak.h"
 
 #include <QApplication>
@@ -124,12 +127,26 @@ int checkForms(const EditorOptions &options)
     return report.findings().isEmpty() ? Success : Failure;
 }
 
+QStringList formsOf(const EditorOptions &options)
+{
+    return options.forms.isEmpty() ? ScreenPages::shippedForms() : options.forms;
+}
+
+int runReplay(const EditorOptions &options, ParameterMemory &memory)
+{
+    QString error;
+    const auto recording = Recording::read(options.replay, &error);
+    if (!recording)
+        return fail(error);
+    return replay::run(memory, *recording, formsOf(options)) ? Success : Failure;
+}
+
 int runSoak(const EditorOptions &options, ParameterMemory &memory)
 {
     SoakPlan plan;
     plan.minutes = options.soak;
     plan.seed = options.seed;
-    plan.forms = options.forms.isEmpty() ? ScreenPages::shippedForms() : options.forms;
+    plan.forms = formsOf(options);
     plan.rate = options.rate > 0 ? options.rate : soak::FullRate;
     plan.pictures = options.screens;
     return soak::run(memory, plan) ? Success : Failure;
@@ -146,6 +163,11 @@ int runEditor(const EditorOptions &options)
             QMessageBox::critical(nullptr, QObject::tr("Error"), error);
         return Failure;
     }
+    if (!options.replay.isEmpty())
+        return runReplay(options, memory);
+    Recorder recorder(memory);
+    if (!options.record.isEmpty() && !recorder.start(options.record, &error))
+        return fail(error);
     if (options.soak > 0)
         return runSoak(options, memory);
     SimulatedConsole console(memory);

@@ -24,6 +24,7 @@
 
 namespace {
 
+constexpr int SetUpMilliseconds = 800;
 constexpr int StepMilliseconds = 2;
 constexpr int StepsPerDeed = 25;
 constexpr int MostBetweenChecks = 5000; // milliseconds
@@ -85,6 +86,9 @@ private:
 
 void SoakRun::run()
 {
+    // The console sets up its show first.
+    for (m_clock.start(); !m_clock.hasExpired(SetUpMilliseconds);)
+        QCoreApplication::processEvents();
     m_clock.start();
     m_sinceCheck.start();
     QTimer pulse;

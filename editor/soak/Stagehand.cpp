@@ -27,6 +27,15 @@ QScrollArea *currentPage(MainWindow &window)
     return window.pages().page(window.pages().currentIndex());
 }
 
+bool isMasked(const QWidget *widget)
+{
+    for (; widget && !widget->isWindow(); widget = widget->parentWidget()) {
+        if (!widget->mask().isEmpty())
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 Stagehand::Stagehand(SoakWindows &windows, ParameterMemory &memory, SimulatedConsole &console,
@@ -199,25 +208,27 @@ void Stagehand::switchOff(MainWindow &window)
 void Stagehand::soften(MainWindow &window)
 {
     QWidget *panel = anyPanel(window);
-    if (!panel)
-        return;
+    if (!panel || panel->findChild<CGrid *>())
+        return; // what is painted in parts, Qt blends over what an effect gave before
     if (panel->graphicsEffect() || !panel->mask().isEmpty()) {
         panel->setGraphicsEffect(nullptr);
         panel->clearMask();
-    } else if (m_dice.below(2) && !panel->findChild<CGrid *>()) {
-        // Not around what is painted in parts: Qt blends the rest of an effect over what it gave before.
+    } else if (m_dice.below(2)) {
         panel->setGraphicsEffect(new QGraphicsColorizeEffect);
     } else {
         panel->setMask(QRegion(0, 0, panel->width() / 2 + 1, panel->height()));
     }
+    // Qt leaves out what is opaque.
+    for (QWidget *each : panel->findChildren<QWidget *>())
+        each->update();
 }
 
 /// By a few pixels, perhaps over its neighbours; the next layout puts it right.
 void Stagehand::moveControl(MainWindow &window)
 {
     QWidget *control = anyControl(window);
-    if (!control)
-        return;
+    if (!control || isMasked(control->parentWidget()))
+        return; // Qt moves pixels beyond a mask
     const QPoint way(m_dice.below(21) - 10, m_dice.below(21) - 10);
     switch (m_dice.below(4)) {
     case 0: control->raise(); break;

@@ -154,6 +154,10 @@ void TestEditorProgram::failureIsOneLineAndStatusOne_data()
     QTest::newRow("scale unusable") << QStringList({"--screens", screens, "--scale", "0"}) << "0";
     QTest::newRow("JSON of nothing") << QStringList("--json") << "--check";
     QTest::newRow("soak of no time") << QStringList({"--soak", "nan"}) << "nan";
+    QTest::newRow("recording missing") << QStringList({"--replay", path("no")}) << "no";
+    QTest::newRow("recording of something else") << QStringList({"--replay", broken}) << "no recording";
+    QTest::newRow("recording cannot be written")
+        << QStringList({"--soak", "1", "--record", file + "/in"}) << "file/in";
     QTest::newRow("seed unusable") << QStringList({"--soak", "1", "--seed", "-1"}) << "-1";
     QTest::newRow("reference cannot be written")
         << QStringList({"--classes", file + "/in"}) << "file/in";
@@ -238,11 +242,16 @@ void TestEditorProgram::faultsOfFormsAreToldWithAStatus()
 // Not its status: how long the GUI thread runs depends on the machine, and on the build.
 void TestEditorProgram::aSoakFindsNoDifference()
 {
-    const Run made = run({"--soak", "0.08", "--seed", "7", "--rate", "2000"});
+    const Run made = run({"--soak", "0.08", "--seed", "7", "--rate", "2000", "--record", path("show")});
     QVERIFY2(made.output.contains("; differences: 0\n"), qPrintable(made.output));
     const QRegularExpression operations("Operations: ([1-9]\\d*) of the operator");
     QVERIFY2(operations.match(made.output).hasMatch(), qPrintable(made.output));
     QVERIFY(made.status == 0 || made.status == 1);
+
+    const Run again = run({"--replay", path("show"), ":/forms/masters.ui"});
+    QCOMPARE(again.errors, QStringList());
+    QVERIFY2(again.output.startsWith("Replayed: "), qPrintable(again.output));
+    QCOMPARE(again.status, 0);
 }
 
 void TestEditorProgram::referenceHasASectionAndAPictureForEveryClass()
@@ -281,7 +290,7 @@ void TestEditorProgram::helpAndVersionNeedNoDisplay()
     const Run help = run({"--help"});
     QCOMPARE(help.status, 0);
     for (const char *option : {"--model", "--library", "--screens", "--check", "--json", "--classes", "--rate",
-                               "--size", "--scale", "--soak", "--seed", "FORM"})
+                               "--size", "--scale", "--soak", "--seed", "--record", "--replay", "FORM"})
         QVERIFY2(help.output.contains(option), option);
     const Run version = run({"--version"});
     QCOMPARE(version.status, 0);

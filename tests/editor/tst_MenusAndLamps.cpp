@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Menus, lamps and the rolling panel of the shipped screens, as the operator uses them.
+#include "editor/ProxyCommands.h"
 #include "tests/editor/EditorRig.h"
 #include "widgets/buttons/CAnimMenu.h"
 #include "widgets/buttons/CMenuObject.h"
@@ -9,11 +10,14 @@
 #include <QToolButton>
 #include <QUndoStack>
 
+#include <QRegularExpression>
+
 class TestMenusAndLamps : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void enteringANumberWhereNoneFitsDoesNothing();
     void aTypeMenuWritesAndUndoes();
     void everyMenuHasAnItemForEveryValue();
     void theToolsRollOpenByPictureAndByKey();
@@ -112,6 +116,19 @@ void TestMenusAndLamps::lampsAreNotResetByCtrlClick()
     write("kHeadAmp/k48V", 19, 1);
     QTest::mouseClick(port, Qt::LeftButton, Qt::ControlModifier);
     QCOMPARE(m_rig.value("kHeadAmp/k48V", 19), 1);
+}
+
+void TestMenusAndLamps::enteringANumberWhereNoneFitsDoesNothing()
+{
+    QTest::failOnWarning(QRegularExpression("No such method"));
+    int asked = 0;
+    for (QWidget *control : boundcontrols::inside(m_rig.screen("selected-channel"))) {
+        if (control->metaObject()->indexOfMethod("editNumber()") >= 0)
+            continue;
+        ProxyCommands::enterValue(control);
+        ++asked;
+    }
+    QVERIFY(asked > 0);
 }
 
 QTEST_MAIN(TestMenusAndLamps)
