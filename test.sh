@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Builds everything and runs all tests, without a display. The exit status is that of the tests.
+# Builds everything and runs all tests, without a display; under the thread sanitizer those that use a
+# second thread. The exit status is that of the tests.
 set -euo pipefail
 export LANG=C.UTF-8 LC_ALL=C.UTF-8
 
@@ -11,10 +12,11 @@ usage() {
 
 # Address and undefined behaviour are looked for in one build.
 preset=release
+tests=()
 case "$#:${1:-}:${2:-}" in
     0::) ;;
     2:--sanitize:address | 2:--sanitize:undefined) preset=asan ;;
-    2:--sanitize:thread) preset=tsan ;;
+    2:--sanitize:thread) preset=tsan tests=(--label-regex '^threads$') ;;
     *) usage ;;
 esac
 
@@ -29,4 +31,4 @@ if [[ $preset == tsan ]] && setarch --addr-no-randomize true 2>/dev/null; then
 fi
 
 echo "test: running the tests of $preset"
-exec "${launcher[@]}" ctest --preset "$preset"
+exec "${launcher[@]}" ctest --preset "$preset" "${tests[@]}"
