@@ -12,6 +12,7 @@
 #include "editor/soak/SoakWindows.h"
 #include "editor/soak/StallWatch.h"
 #include "editor/soak/Stagehand.h"
+#include "editor/soak/WarningCount.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -66,6 +67,7 @@ private:
     ParameterMemory &m_memory;
     const qint64 m_duration; // milliseconds
     const SoakPlan &m_plan;
+    WarningCount m_warnings;
     HeldConsole m_held;
     StallWatch m_watch;
     SoakWindows m_windows;
@@ -162,10 +164,11 @@ bool SoakRun::report() const
               .arg(m_operator.operations())
               .arg(m_stagehand.operations())
               .arg(m_held.console().changes()));
-    print(QStringLiteral("Checks: %1, of %2 controls and %3 windows; differences: %4")
+    print(QStringLiteral("Checks: %1, of %2 controls and %3 windows; warnings: %4; differences: %5")
               .arg(m_checker.checks())
               .arg(m_checker.controlsCompared())
               .arg(m_checker.windowsCompared())
+              .arg(m_warnings.count())
               .arg(m_checker.differences()));
     const auto megabytes = [](qint64 bytes) { return QString::number(bytes / Megabyte, 'f', 1); };
     const QString first = isGrowthKnown() ? megabytes(m_afterFirstMinute) + QStringLiteral(" MB")
@@ -174,7 +177,7 @@ bool SoakRun::report() const
               .arg(megabytes(m_atEnd), first, megabytes(residentmemory::peak())));
     const bool smooth = reportStalls();
     const bool grown = isGrowthKnown() && m_atEnd - m_afterFirstMinute > soak::MostGrowth;
-    return m_checker.differences() == 0 && !grown && smooth;
+    return m_checker.differences() == 0 && m_warnings.count() == 0 && !grown && smooth;
 }
 
 bool SoakRun::reportStalls() const

@@ -23,8 +23,8 @@ struct SoakPlan
 /// the while it is checked that every control shows what the memory holds.
 namespace soak {
 
-/// Prints what it finds. False when a control has shown something else than the memory held, when memory
-/// has grown after the first minute, or when the editor has let an event wait for too long by itself.
+/// Prints what it finds. False when a control has shown something else than the memory held, when Qt or a
+/// control has warned of something, when memory has grown after the first minute, or when the editor has let an event wait for too long by itself.
 bool run(ParameterMemory &memory, const SoakPlan &plan);
 
 /// The most that the GUI thread may run while an event waits, in milliseconds: the editor's own part of a
