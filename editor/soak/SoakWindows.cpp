@@ -5,6 +5,7 @@
 #include "editor/ScreenPages.h"
 #include "interfaces/TMemProxy.h"
 
+#include <QRegularExpression>
 #include <QScrollArea>
 
 namespace {
@@ -24,7 +25,10 @@ SoakWindows::~SoakWindows() = default;
 
 void SoakWindows::open(int number)
 {
-    const QStringList forms = number < m_forms.size() ? QStringList(m_forms[number]) : m_forms;
+    // Scenes are on one page only: an editor does not look for what another window of its own does there.
+    const QStringList forms = number < m_forms.size()
+                                  ? QStringList(m_forms[number])
+                                  : m_forms.filter(QRegularExpression("(?<!/scenes\\.ui)$"));
     auto &window = m_windows[static_cast<size_t>(number)];
     window = std::make_unique<MainWindow>(m_memory, m_console, m_library, forms);
     window->setObjectName(number < m_forms.size() ? window->pages().pageName(0)

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void aChangeFromElsewhereIsPaintedWithoutBeingAsked_data();
     void aChangeFromElsewhereIsPaintedWithoutBeingAsked();
     void thePairUnderThePointerIsToldInWords();
+    void titlesStandWhereTheGridStands();
     void theWheelAndCtrlClickDoNotReset();
 
 private:
@@ -140,6 +141,21 @@ void TestPatchScreens::aChangeFromElsewhereIsPaintedWithoutBeingAsked()
     QRegion painted;
     QTRY_VERIFY((painted += paints.take()).contains(centre(patch, cell.y(), cell.x())));
     m_rig.memory.writeValue(at.group, at.index, at.element, before, 0);
+}
+
+void TestPatchScreens::titlesStandWhereTheGridStands()
+{
+    CGrid *patch = grid("input-patch", "Input patch");
+    GridPanel *panel = panelOf(patch);
+    PaintWatch paints(*panel);
+    const QPoint place = patch->pos();
+    paints.take();
+    patch->move(place + QPoint(3, 7));
+    QVERIFY(paints.take().contains(QRect(0, patch->y(), place.x() - 5, patch->height())));
+    // The whole of a title is lit, down to the grid.
+    QTest::keyClick(patch, Qt::Key_Right);
+    QVERIFY(paints.take().contains(QRect(place.x(), patch->y() - 5, 200, 5)));
+    patch->move(place);
 }
 
 void TestPatchScreens::thePairUnderThePointerIsToldInWords()

@@ -101,9 +101,18 @@ bool GridPanel::event(QEvent *event)
     return handled;
 }
 
+/// The titles stand where the grid does.
+bool GridPanel::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == d->grid && event->type() == QEvent::Move)
+        update();
+    return QWidget::eventFilter(watched, event);
+}
+
 void GridPanel::adopt(CGrid *grid)
 {
     d->grid = grid;
+    grid->installEventFilter(this);
     connect(grid, &CGrid::layoutChanged, this, &GridPanel::arrange);
     connect(grid, &CGrid::cursorMoved, this, &GridPanel::showPair);
     connect(grid, &CGrid::cursorOff, this, &GridPanel::hidePair);
@@ -138,8 +147,8 @@ void GridPanel::showPair()
     d->column = cell.x();
     d->pair = tr("%1: %2").arg(GridAccessible::pairInWords(*d->grid, cell.y(), cell.x()),
                                GridAccessible::stateInWords(*d->grid, cell.y(), cell.x()));
-    update(0, 0, width(), d->margins.height());
-    update(0, 0, d->margins.width(), height());
+    update(0, 0, width(), d->grid->y());
+    update(0, 0, d->grid->x(), height());
 }
 
 void GridPanel::hidePair()
