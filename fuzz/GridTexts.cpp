@@ -1,24 +1,18 @@
 // SPDX-License-Identifier: MIT
 // The text properties of a grid, set to whatever comes: the first byte chooses the property, the rest,
 // read as UTF-8, is its text. What was set before stays for a while, as it does in an editor.
+#include "fuzz/FuzzApplication.h"
 #include "widgets/lists/CGrid.h"
 
-#include <QApplication>
-
-#include <cstdlib>
 #include <memory>
+
+using fuzz::require;
 
 namespace {
 
 constexpr const char *Properties[] = {"cellWidths", "cellHeights",    "gridWidths",    "gridHeights",
                                       "bitOrder",   "disabledRects", "channelTitles", "fieldTitles"};
 constexpr int InputsPerGrid = 16;
-
-void require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 /// What holds whatever the texts were.
 void checkGrid(const CGrid &grid)
@@ -42,21 +36,13 @@ void checkGrid(const CGrid &grid)
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t size)
 {
-    static int argumentCount = 1;
-    static char programName[] = "fuzz-grid-texts";
-    static char *arguments[] = {programName, nullptr};
-    static const bool offscreen = qputenv("QT_QPA_PLATFORM", "offscreen");
-    static const QApplication application(argumentCount, arguments);
-    static std::unique_ptr<CGrid> grid;
+    fuzz::start();
+    static auto &grid = *new std::unique_ptr<CGrid>; // not destroyed at the exit
     static int inputs = 0;
-    if (size == 0 || !offscreen)
-        return 0;
     if (inputs++ % InputsPerGrid == 0)
         grid = std::make_unique<CGrid>();
-    const char *property = Properties[data[0] % std::size(Properties)];
-    const QString text = QString::fromUtf8(reinterpret_cast<const char *>(data) + 1,
-                                           static_cast<qsizetype>(size) - 1);
-    grid->setProperty(property, text);
+    const fuzz::Input input{data, size};
+    grid->setProperty(Properties[input.choice() % std::size(Properties)], input.rest().text());
     checkGrid(*grid);
     grid->grab();
     return 0;
