@@ -48,7 +48,7 @@ const std::vector<Row> &rows()
         {"list-page", "a page down in them, to the plain list", 1.1, 0.8, listPaging},
         {"list-sort", "sorting them by title and by number, to the plain list", 0.5, 0.3,
          listSorting},
-        {"scene-store", "storing a scene of 20,000 values, to appending them to a file", 3.0, 1.5,
+        {"scene-store", "storing a scene of 20,000 values, to appending them to a file", 6.0, 2.0,
          sceneStore},
         {"scene-recall", "recalling one that differs in all, to checking and writing them", 1.6, 1.3,
          sceneRecall},

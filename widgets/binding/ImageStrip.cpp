@@ -35,12 +35,14 @@ bool ImageStrip::setCurrentCategory(int category)
 
 bool ImageStrip::covers(const QSize &size) const
 {
-    return m_opaque && m_cellSize.width() >= size.width() && m_cellSize.height() >= size.height();
+    const QSizeF cell = cellSize();
+    return m_opaque && cell.width() >= size.width() && cell.height() >= size.height();
 }
 
 bool ImageStrip::fits(const QSize &size) const
 {
-    return m_cellSize.width() <= size.width() && m_cellSize.height() <= size.height();
+    const QSizeF cell = cellSize();
+    return cell.width() <= size.width() && cell.height() <= size.height();
 }
 
 bool ImageStrip::outlineContains(int row, bool enabled, const QPoint &point) const
@@ -87,13 +89,18 @@ void ImageStrip::warnIfUneven(const QObject &owner) const
         << categories() << " columns and " << m_rows << " rows; the rest is cut off.";
 }
 
-/// Every paint asks for these; the picture changes hardly ever.
 void ImageStrip::gridChanged()
 {
     m_greyRow = -1;
     m_grey.reset();
-    m_cellSize = QSizeF(cell(0, 0).size()) / m_picture.devicePixelRatio();
+    m_cellSize = QSizeF(0, 0);
     m_opaque = !m_picture.isNull() && !m_picture.hasAlphaChannel();
+}
+
+/// Every paint asks for it; the picture changes hardly ever.
+void ImageStrip::measure() const
+{
+    m_cellSize = QSizeF(cell(0, 0).size()) / m_picture.devicePixelRatio();
 }
 
 QRect ImageStrip::cell(int category, int row) const

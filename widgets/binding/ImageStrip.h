@@ -47,7 +47,12 @@ public:
     int valueRows() const { return m_rows - (m_disabledRow >= 0 ? 1 : 0); }
 
     /// The size of one cell; empty without a picture or cells.
-    QSizeF cellSize() const { return m_cellSize; }
+    QSizeF cellSize() const
+    {
+        if (m_cellSize.isNull())
+            measure();
+        return m_cellSize;
+    }
 
     /// Whether one cell covers a widget of that size without letting anything shine through.
     bool covers(const QSize &size) const;
@@ -68,12 +73,13 @@ public:
 
 private:
     void gridChanged();
+    void measure() const;
     QRect cell(int category, int row) const;
     QPoint shownCell(int row, bool enabled) const;
     void drawGrey(QPainter &painter, int row) const;
 
     QPixmap m_picture;
-    QSizeF m_cellSize{0, 0};
+    mutable QSizeF m_cellSize{0, 0}; ///< null until it is asked for
     int m_rows = 1;
     int m_disabledRow = -1;
     int m_currentCategory = -1;

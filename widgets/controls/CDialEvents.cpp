@@ -51,7 +51,7 @@ double CDial::CnvAngle(double angle)
 
 bool CDial::CalcAngle(double x, double y, double &angle) const
 {
-    return d->geometry.angleOf({x, y}, angle);
+    return d->geometry().angleOf({x, y}, angle);
 }
 
 bool CDial::CalcIntersection(double x1, double y1, double x2, double y2, double x3, double y3,
@@ -72,7 +72,7 @@ double CDial::CalcVectorAngle(double x1, double y1, double x2, double y2)
 
 double CDial::GetAngle() const
 {
-    return d->geometry.angle();
+    return d->geometry().angle();
 }
 
 double CDial::mousePressMoveStart(QMouseEvent *event, double startDegrees, double endDegrees,
@@ -83,13 +83,13 @@ double CDial::mousePressMoveStart(QMouseEvent *event, double startDegrees, doubl
     const double range = double(maximum()) - minimum();
     const double turned = range > 0 ? (double(value()) - minimum()) / range : 0;
     const double knob = (endDegrees - startDegrees) * turned + DialGeometry::SweepStart;
-    d->geometry.start(centre, event->globalPosition(), knob, startDegrees, endDegrees, relative);
+    d->geometry().start(centre, event->globalPosition(), knob, startDegrees, endDegrees, relative);
     return knob;
 }
 
 double CDial::mousePressMoveTrace(QMouseEvent *event)
 {
-    return d->geometry.trace(event->globalPosition());
+    return d->geometry().trace(event->globalPosition());
 }
 
 void CDial::mousePressEvent(QMouseEvent *event)

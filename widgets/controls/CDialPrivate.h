@@ -36,7 +36,7 @@ struct CDial::Private
     QColor focusColor;
     QPointer<CDialTip> tip;
 
-    DialGeometry geometry;
+    std::unique_ptr<DialGeometry> ownGeometry; ///< of dials that were turned with the mouse
     QPoint lastPoint;
 
     bool alternativeMode : 1 = false;
@@ -47,6 +47,12 @@ struct CDial::Private
     bool inverted : 1 = false;
     bool transparent : 1 = false;
 
+    DialGeometry &geometry()
+    {
+        if (!ownGeometry)
+            ownGeometry = std::make_unique<DialGeometry>();
+        return *ownGeometry;
+    }
     int toPosition(int value) const { return translated(value, 0); }
     int fromPosition(int position) const { return translated(position, TranslationOffset); }
 
