@@ -9,11 +9,9 @@
 #include "editor/soak/SoakWindows.h"
 #include "editor/soak/StallWatch.h"
 #include "interfaces/TMemProxy.h"
-#include "widgets/lists/CGrid.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QGraphicsColorizeEffect>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QUndoStack>
@@ -25,15 +23,6 @@ namespace {
 QScrollArea *currentPage(MainWindow &window)
 {
     return window.pages().page(window.pages().currentIndex());
-}
-
-bool isMasked(const QWidget *widget)
-{
-    for (; widget && !widget->isWindow(); widget = widget->parentWidget()) {
-        if (!widget->mask().isEmpty())
-            return true;
-    }
-    return false;
 }
 
 } // namespace
@@ -59,8 +48,6 @@ const Stagehand::Deed Stagehand::deeds[] = {
     {"cover", 4, &Stagehand::cover},
     {"uncover", 4, &Stagehand::uncover},
     {"switch off", 4, &Stagehand::switchOff},
-    {"soften", 4, &Stagehand::soften},
-    {"move control", 4, &Stagehand::moveControl},
     {"undo", 4, &Stagehand::undo},
     {"online or offline", 1, &Stagehand::goOnlineOrOff},
     {"close a window", 1, &Stagehand::reopen},
@@ -203,39 +190,6 @@ void Stagehand::switchOff(MainWindow &window)
 {
     if (QWidget *panel = anyPanel(window))
         panel->setEnabled(!panel->isEnabled());
-}
-
-void Stagehand::soften(MainWindow &window)
-{
-    QWidget *panel = anyPanel(window);
-    if (!panel || panel->findChild<CGrid *>())
-        return; // what is painted in parts, Qt blends over what an effect gave before
-    if (panel->graphicsEffect() || !panel->mask().isEmpty()) {
-        panel->setGraphicsEffect(nullptr);
-        panel->clearMask();
-    } else if (m_dice.below(2)) {
-        panel->setGraphicsEffect(new QGraphicsColorizeEffect);
-    } else {
-        panel->setMask(QRegion(0, 0, panel->width() / 2 + 1, panel->height()));
-    }
-    // Qt leaves out what is opaque.
-    for (QWidget *each : panel->findChildren<QWidget *>())
-        each->update();
-}
-
-/// By a few pixels, perhaps over its neighbours; the next layout puts it right.
-void Stagehand::moveControl(MainWindow &window)
-{
-    QWidget *control = anyControl(window);
-    if (!control || isMasked(control->parentWidget()))
-        return; // Qt moves pixels beyond a mask
-    const QPoint way(m_dice.below(21) - 10, m_dice.below(21) - 10);
-    switch (m_dice.below(4)) {
-    case 0: control->raise(); break;
-    case 1: control->resize(control->size() + QSize(way.x(), way.y())); break;
-    case 2: control->parentWidget()->updateGeometry(); break;
-    default: control->move(control->pos() + way);
-    }
 }
 
 void Stagehand::undo(MainWindow &)

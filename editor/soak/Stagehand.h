@@ -14,7 +14,9 @@ class StallWatch;
 
 /// What happens around an operator: windows are resized, moved, covered, hidden, closed and opened
 /// again, pages are turned and scrolled, channels chosen and patched, panels switched off, the console
-/// goes offline. The same seed makes the same choices. GUI thread.
+/// goes offline. The same seed makes the same choices. It does nothing that no operator can do to a
+/// window: when masked panels are scrolled and overlapping controls resized, Qt itself leaves pixels
+/// behind. GUI thread.
 class Stagehand
 {
 public:
@@ -54,8 +56,6 @@ private:
     void cover(MainWindow &window);
     void uncover(MainWindow &window);
     void switchOff(MainWindow &window);
-    void soften(MainWindow &window);
-    void moveControl(MainWindow &window);
     void undo(MainWindow &window);
     void goOnlineOrOff(MainWindow &window);
     void reopen(MainWindow &window);
