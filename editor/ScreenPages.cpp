@@ -5,6 +5,7 @@
 #include "companions/memory/ParameterMemory.h"
 #include "editor/BoundControls.h"
 #include "editor/OutputPatch.h"
+#include "editor/PageTurn.h"
 #include "widgets/forms/FormLoader.h"
 #include "widgets/forms/FormRepeater.h"
 #include "widgets/lists/CGrid.h"
@@ -12,6 +13,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QScrollArea>
+#include <QTabBar>
 
 namespace {
 
@@ -45,6 +47,12 @@ struct ScreenPages::Private
 ScreenPages::ScreenPages(ParameterMemory &memory, QWidget *parent)
     : QTabWidget(parent), d(std::make_unique<Private>(memory))
 {
+    auto *turn = new PageTurn(*this);
+    auto *bar = new QTabBar(this);
+    // Before the tab widget hears of it.
+    connect(bar, &QTabBar::currentChanged, turn, &PageTurn::begin);
+    setTabBar(bar);
+    connect(this, &QTabWidget::currentChanged, turn, &PageTurn::end);
     setDocumentMode(true);
 }
 
