@@ -24,15 +24,13 @@ struct SoakPlan
 namespace soak {
 
 /// Prints what it finds. False when a control has shown something else than the memory held, when Qt or a
-/// control has warned of something, when memory has grown after the first minute, or when the editor has let an event wait for too long by itself.
+/// control has warned of something, when memory has grown after the first minute, or when the editor has
+/// let an event wait for too long by itself.
 bool run(ParameterMemory &memory, const SoakPlan &plan);
 
-/// The most that the GUI thread may run while an event waits, in milliseconds: the editor's own part of a
-/// stall, whatever else keeps the machine busy. Opening a window is not counted.
+/// The most that an event may wait, in milliseconds, without what others that keep the machine busy take
+/// from the GUI thread meanwhile. Opening a window is not counted.
 constexpr double LongestStall = 50;
-/// The most that it may stand still meanwhile. On a busy machine that is mostly others' doing, since
-/// whom it waits for is kept waiting, too.
-constexpr double LongestStandstill = 500;
 /// Changes per second of the simulated console, unless told otherwise.
 constexpr double FullRate = 10000;
 /// How much the resident memory may grow after the first minute, in bytes: what caches come to that are

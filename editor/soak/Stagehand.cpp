@@ -61,6 +61,9 @@ void Stagehand::act()
         return;
     }
     ++m_operations;
+    // Breaks are short: nothing comes from a console that is offline.
+    if (!m_console.isOnline() && m_dice.below(4) == 0)
+        m_console.setOnline(true);
     int sum = 0;
     for (const Deed &each : deeds)
         sum += each.weight;

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <optional>
@@ -65,9 +66,7 @@ StallWatch::~StallWatch()
 
 void StallWatch::startAnew()
 {
-    m_longest = {};
-    m_longestRunning = {};
-    m_longestStill = {};
+    m_longest.clear();
     m_spoilt = true;
 }
 
@@ -97,20 +96,27 @@ bool StallWatch::event(QEvent *event)
         return QObject::event(event);
     std::unique_lock lock(m_mutex);
     const Times answered = now();
-    const double length = answered.clock - m_asked.clock;
-    const double running = answered.running - m_asked.running;
-    const double still = length - running - (answered.kept - m_asked.kept);
-    const Stall stall{length, running, std::max(0.0, still), m_doing};
+    const Stall stall{m_doing, answered.clock - m_asked.clock, answered.running - m_asked.running,
+                      answered.kept - m_asked.kept};
     m_answered = true;
     lock.unlock();
     m_wake.notify_one();
-    if (std::exchange(m_spoilt, false) || m_pauses > 0)
-        return true;
-    for (const auto &[longest, of] : {std::pair(&m_longest, &Stall::length),
-                                      std::pair(&m_longestRunning, &Stall::running),
-                                      std::pair(&m_longestStill, &Stall::still)}) {
-        if (stall.*of > longest->*of)
-            *longest = stall;
-    }
+    if (!std::exchange(m_spoilt, false) && m_pauses == 0)
+        note(stall);
     return true;
+}
+
+void StallWatch::note(const Stall &stall)
+{
+    const auto same = std::find_if(m_longest.begin(), m_longest.end(), [&](const Stall &each) {
+        return each.doing == stall.doing;
+    });
+    if (same == m_longest.end())
+        m_longest.push_back(stall);
+    else if (stall.own() > same->own())
+        *same = stall;
+    else
+        return;
+    std::sort(m_longest.begin(), m_longest.end(),
+              [](const Stall &one, const Stall &other) { return one.own() > other.own(); });
 }

@@ -3,39 +3,43 @@
 
 #include <QObject>
 
-#include <atomic>
 #include <condition_variable>
 #include <mutex>
+#include <string_view>
 #include <thread>
+#include <vector>
 
 /// Watches from a thread of its own how long the GUI thread lets an event wait: asks, waits for the
 /// answer, asks again a moment later.
 ///
 /// On a machine that others use, too, most of a long wait may be the machine's. What is the program's own
 /// is told apart: what the GUI thread ran in the meantime, and what it stood still, neither running nor
-/// kept from it (it waited for a disk, or for a thread of ours that may have been kept waiting in turn).
+/// kept from it (it waited for a disk, or for a thread of ours).
 /// Construct and destroy it on the GUI thread.
 class StallWatch : public QObject
 {
 public:
-    /// One wait for an answer, in milliseconds.
+    /// One wait for an answer, in milliseconds by the clock, and what it consists of.
     struct Stall
     {
+        std::string_view doing; ///< what was done last when it ended
         double length = 0;
-        double running = 0;
-        double still = 0;       ///< 0 where the system does not say who was kept from running
-        const char *doing = ""; ///< what was done last when it ended
+        double running = 0; ///< the GUI thread ran
+        double kept = 0;    ///< it was ready, and others had the processors
+
+        /// It waited for something else than a processor.
+        double still() const { return length - running - kept; }
+        /// What does not come from others that keep the machine busy.
+        double own() const { return length - kept; }
     };
 
     StallWatch();
     ~StallWatch() override;
 
-    /// The longest of all, the one in which the GUI thread ran the longest, and stood the longest.
-    Stall longest() const { return m_longest; }
-    Stall longestRunning() const { return m_longestRunning; }
-    Stall longestStill() const { return m_longestStill; }
+    /// For everything that was done the wait with the longest time of its own, the longest first.
+    const std::vector<Stall> &longest() const { return m_longest; }
     /// What is done now, for the record; a text that stays.
-    void setDoing(const char *what) { m_doing = what; }
+    void setDoing(std::string_view what) { m_doing = what; }
     /// Forgets what was seen so far.
     void startAnew();
 
@@ -68,13 +72,12 @@ private:
 
     void run();
     Times now() const;
+    void note(const Stall &stall);
 
     const int m_guiThread;
     const clockid_t m_guiClock;
-    Stall m_longest;
-    Stall m_longestRunning;
-    Stall m_longestStill;
-    const char *m_doing = "";
+    std::vector<Stall> m_longest;
+    std::string_view m_doing;
     int m_pauses = 0;
     bool m_spoilt = false; ///< a pause fell into the present question
 

@@ -11,6 +11,7 @@
 #include "editor/soak/StallWatch.h"
 #include "widgets/controls/CDial.h"
 
+#include <QApplication>
 #include <QBackingStore>
 #include <QElapsedTimer>
 #include <QPainter>
@@ -18,6 +19,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
+
+#include <algorithm>
 
 class TestChecker : public QObject
 {
@@ -29,7 +32,7 @@ private Q_SLOTS:
     void aPixelThatNoPaintGivesIsFound();
     void aValueThatTheMemoryDoesNotHoldIsFound();
     void aControlThatMissedAChangeIsFound();
-    void stallsAreToldByWhatTheThreadDidMeanwhile();
+    void stallsAreToldByDeedAndByWhatTheThreadDidMeanwhile();
 
 private:
     CDial *dial() { return m_windows.window(0)->findChildren<CDial *>().at(3); }
@@ -101,37 +104,48 @@ void TestChecker::aControlThatMissedAChangeIsFound()
     m_memory.attachProxy(dial(), dial()->packed(), 0);
 }
 
-void TestChecker::stallsAreToldByWhatTheThreadDidMeanwhile()
+void TestChecker::stallsAreToldByDeedAndByWhatTheThreadDidMeanwhile()
 {
     StallWatch watch;
-    QTest::qWait(50);
-    watch.startAnew();
-    QTest::qWait(20);
-    QTimer::singleShot(0, &watch, [&watch] {
-        watch.setDoing("work");
+    const auto letDo = [&watch](const char *what, auto deed) {
+        QTest::qWait(20); // so that a question waits
+        QTimer::singleShot(0, &watch, [&watch, what, deed] {
+            watch.setDoing(what);
+            deed();
+        });
+        QTest::qWait(20);
+        QApplication::processEvents(); // the answer, if the time was up before
+        watch.setDoing("nothing");
+    };
+    const auto workFor = [](int milliseconds) {
         QElapsedTimer clock;
-        clock.start();
-        while (!clock.hasExpired(120)) {
+        for (clock.start(); !clock.hasExpired(milliseconds);) {
         }
-    });
-    QTRY_VERIFY(watch.longest().length > 100);
-    QVERIFY(watch.longestRunning().running > 10);
-    QCOMPARE(watch.longestRunning().doing, "work");
-
-    watch.startAnew();
-    QTest::qWait(20);
-    QTimer::singleShot(0, &watch, [] { QThread::msleep(120); });
-    QTRY_VERIFY(watch.longest().length > 100);
-    QVERIFY(watch.longestRunning().running < 100);
-
-    watch.startAnew();
-    QTest::qWait(20);
-    QTimer::singleShot(0, &watch, [&watch] {
+    };
+    const auto of = [&watch](std::string_view what) {
+        const auto &all = watch.longest();
+        const auto found = std::find_if(all.begin(), all.end(),
+                                        [what](const auto &each) { return each.doing == what; });
+        return found == all.end() ? StallWatch::Stall{} : *found;
+    };
+    letDo("work", [&] { workFor(120); });
+    letDo("sleep", [] { QThread::msleep(150); });
+    letDo("pause", [&watch] {
         const StallWatch::Pause pause(watch);
         QThread::msleep(400);
     });
-    QTest::qWait(450);
-    QVERIFY(watch.longest().length < 400);
+    letDo("work", [&] { workFor(30); });
+
+    QVERIFY(of("work").length > 100);
+    QVERIFY(of("work").running + of("work").kept > 100);
+    QVERIFY(of("work").running > 10);
+    QVERIFY(of("sleep").length > 100);
+    QVERIFY(of("sleep").running < 100);
+    QVERIFY(of("pause").length < 400);
+    QVERIFY(std::is_sorted(watch.longest().begin(), watch.longest().end(),
+                           [](auto &one, auto &other) { return one.own() > other.own(); }));
+    watch.startAnew();
+    QVERIFY(watch.longest().empty());
 }
 
 QTEST_MAIN(TestChecker)
