@@ -37,6 +37,12 @@ bool BatchedPicture::isPossible()
            && m_manner.isPossible(m_widget);
 }
 
+/// Over what is behind a translucent control something has to be drawn.
+bool BatchedPicture::copy(StorePixels &pixels) const
+{
+    return m_widget.testAttribute(Qt::WA_OpaquePaintEvent) && m_manner.copy(m_widget, pixels);
+}
+
 void BatchedPicture::draw(QPainter &painter) const
 {
     if (!m_widget.testAttribute(Qt::WA_OpaquePaintEvent))

@@ -10,6 +10,7 @@
 class QPaintEvent;
 class QPainter;
 class QWidget;
+class StorePixels;
 
 /// A control's picture, drawn together with all others that changed in the same turn of the event loop:
 /// straight into the window's backing store, one painter and one flush for all. That takes a fraction
@@ -28,6 +29,9 @@ public:
     {
         /// Whether the control's present picture can be drawn so.
         bool (*isPossible)(const QWidget &);
+        /// Copies what `draw` would draw, if that is only cells that hide what is below; false if it
+        /// has to be drawn.
+        bool (*copy)(QWidget &, StorePixels &);
         /// Draws the control at the painter's origin: every pixel of its rectangle (a translucent one:
         /// over what is behind it) and none beyond. Leaves the painter as it was.
         void (*draw)(QWidget &, QPainter &);
@@ -59,6 +63,7 @@ private:
     friend class PaintBatch;
 
     bool isPossible();
+    bool copy(StorePixels &pixels) const;
     void draw(QPainter &painter) const;
 
     QWidget &m_widget;

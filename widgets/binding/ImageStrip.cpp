@@ -2,6 +2,7 @@
 #include "widgets/binding/ImageStrip.h"
 
 #include "interfaces/utilities/NS_Utilities.h"
+#include "widgets/binding/StorePixels.h"
 
 #include <QDebug>
 #include <QPainter>
@@ -75,6 +76,12 @@ void ImageStrip::draw(QPainter &painter, int row, bool enabled) const
         NS_Utilities::drawPartialPixmap(painter, at, m_picture, {categories(), m_rows}, false);
     else
         drawGrey(painter, row);
+}
+
+bool ImageStrip::copy(StorePixels &pixels, int row, bool enabled) const
+{
+    return m_opaque && (enabled || m_disabledRow >= 0)
+           && pixels.copyCell(shownCell(row, enabled), m_picture, {categories(), m_rows});
 }
 
 void ImageStrip::warnIfUneven(const QObject &owner) const

@@ -11,6 +11,7 @@
 
 class QObject;
 class QPainter;
+class StorePixels;
 
 /// All pictures of a control in one: a grid of equal cells, the columns being alternative looks
 /// (categories) and the rows value positions, one of which may show the disabled control.
@@ -67,6 +68,9 @@ public:
     /// Draws, at the painter's origin, the look of a control at value row `row`: when disabled the
     /// disabled picture or else column 0 in grey. Nothing for rows that do not exist.
     void draw(QPainter &painter, int row, bool enabled) const;
+
+    /// Copies what draw() draws; false if that takes a painter.
+    bool copy(StorePixels &pixels, int row, bool enabled) const;
 
     /// One warning, naming `owner`, when rows or columns do not divide the picture.
     void warnIfUneven(const QObject &owner) const;

@@ -3,6 +3,7 @@
 
 #include "widgets/binding/BatchedPicture.h"
 #include "widgets/binding/DrawnRegion.h"
+#include "widgets/binding/StorePixels.h"
 
 #include <QApplication>
 #include <QBackingStore>
@@ -13,6 +14,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <optional>
 #include <tuple>
 
 namespace {
@@ -158,6 +160,22 @@ void PaintBatch::draw()
     }
 }
 
+void PaintBatch::drawPictures(QPaintDevice &device, Dues::const_iterator from,
+                              Dues::const_iterator to)
+{
+    StorePixels pixels(device);
+    std::optional<QPainter> painter; // most pages need none
+    for (auto each = from; each != to; ++each) {
+        pixels.setOrigin(each->place.topLeft());
+        if (each->picture->copy(pixels))
+            continue;
+        if (!painter)
+            painter.emplace(&device);
+        painter->setWorldTransform(QTransform::fromTranslate(each->place.x(), each->place.y()));
+        each->picture->draw(*painter);
+    }
+}
+
 void PaintBatch::drawWindow(QWidget &window, Dues::const_iterator from, Dues::const_iterator to)
 {
     DrawnRegion drawn;
@@ -166,13 +184,7 @@ void PaintBatch::drawWindow(QWidget &window, Dues::const_iterator from, Dues::co
     const QRegion region = drawn.region();
     QBackingStore &store = *window.backingStore();
     store.beginPaint(region);
-    {
-        QPainter painter(store.paintDevice());
-        for (auto each = from; each != to; ++each) {
-            painter.setWorldTransform(QTransform::fromTranslate(each->place.x(), each->place.y()));
-            each->picture->draw(painter);
-        }
-    }
+    drawPictures(*store.paintDevice(), from, to);
     store.endPaint();
     store.flush(region);
 }

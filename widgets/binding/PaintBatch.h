@@ -7,7 +7,7 @@
 #include <vector>
 
 class BatchedPicture;
-class QPainter;
+class QPaintDevice;
 class QRegion;
 
 /// The pictures that wait to be drawn. Lives and dies with the application. GUI thread.
@@ -40,6 +40,8 @@ private:
 
     void draw();
     void collect();
+    static void drawPictures(QPaintDevice &device, Dues::const_iterator from,
+                             Dues::const_iterator to);
     static void drawWindow(QWidget &window, Dues::const_iterator from, Dues::const_iterator to);
 
     std::vector<BatchedPicture *> m_waiting;

@@ -35,17 +35,14 @@ QString cacheKey(const QWidget &dial, int row)
 
 } // namespace
 
-CDial::CDial(QWidget *parent, const char *name) : QDial(parent)
+CDial::CDial(QWidget *parent, const char *name)
+    : UnboundDial(parent, UnboundMinimum, UnboundMaximum), d(std::make_unique<Private>(*this))
 {
     [[maybe_unused]] static const bool speaks =
         (QAccessible::installFactory(makeAccessible), true);
     if (name)
         setObjectName(QLatin1String(name));
-    setRange(UnboundMinimum, UnboundMaximum);
     setPageStep(PageStep);
-    setValue(UnboundMinimum);
-    // From here on a change is one: the start values are none.
-    d = std::make_unique<Private>(*this);
     setFocusPolicy(Qt::WheelFocus);
 }
 
@@ -282,6 +279,16 @@ bool CDial::isDrawnPlainly(const QWidget &widget)
 {
     const auto &dial = static_cast<const CDial &>(widget);
     return !dial.hasFocus() && dial.d->strip.fits(dial.size());
+}
+
+bool CDial::copyPicture(QWidget &widget, StorePixels &pixels)
+{
+    auto &dial = static_cast<CDial &>(widget);
+    if (!dial.d->strip.covers(dial.size())
+        || !dial.d->strip.copy(pixels, dial.currentIndex(), dial.isEnabled()))
+        return false;
+    dial.shareErasePixmap();
+    return true;
 }
 
 void CDial::drawPicture(QWidget &widget, QPainter &painter)

@@ -4,12 +4,13 @@
 #include "toolkit/QtTypes.h"
 #include "widgets/Export.h"
 #include "widgets/binding/BoundParameter.h"
-
-#include <QDial>
+#include "widgets/controls/UnboundDial.h"
 
 #include <array>
 #include <memory>
 #include <typeinfo>
+
+class StorePixels;
 
 /// A rotary knob bound to one parameter, drawn from an image strip with one picture per position.
 ///
@@ -21,7 +22,7 @@
 /// It starts with the range -559038801 to 2125315823, so that the first range from the memory always
 /// counts as a change. GUI thread, except process(). Delete it with deleteLater() from slots of its
 /// own signals.
-class CONSOLEWIDGETS_EXPORT CDial : public QDial, public TMemProxy
+class CONSOLEWIDGETS_EXPORT CDial : public UnboundDial, public TMemProxy
 {
     Q_OBJECT
     BOUND_PARAMETER
@@ -187,6 +188,7 @@ protected:
 
 private:
     static bool isDrawnPlainly(const QWidget &dial);
+    static bool copyPicture(QWidget &dial, StorePixels &pixels);
     static void drawPicture(QWidget &dial, QPainter &painter);
     void drawOnBackground(QPainter &painter);
     int pictureNumber() const;

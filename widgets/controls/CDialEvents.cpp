@@ -327,8 +327,6 @@ void CDial::hideEvent(QHideEvent *event)
 
 void CDial::sliderChange(SliderChange change)
 {
-    if (!d)
-        return; // in construction
     if (change == SliderValueChange)
         valueChange();
     else

@@ -16,7 +16,7 @@ struct CDial::Private
 {
     explicit Private(CDial &dial) : batched(dial, typeid(CDial), drawing) {}
 
-    static constexpr BatchedPicture::Manner drawing{isDrawnPlainly, drawPicture};
+    static constexpr BatchedPicture::Manner drawing{isDrawnPlainly, copyPicture, drawPicture};
 
     static Private &of(CDial &dial) { return *dial.d; }
 

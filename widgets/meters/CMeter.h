@@ -12,6 +12,8 @@
 
 #include <memory>
 
+class StorePixels;
+
 struct MeterBands;
 
 /// A bar meter for one of the console's readings: so much of the lit picture over the unlit one as
@@ -130,6 +132,7 @@ private:
     void decode(const Q_UINT8 *bytes);
     void showReading();
     static bool isDrawnPlainly(const QWidget &meter);
+    static bool copyPicture(QWidget &meter, StorePixels &pixels);
     static void drawPicture(QWidget &meter, QPainter &painter);
     void pictureChanged();
     void refreshPicture();

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 // What the meter shows and when it is painted.
 #include "interfaces/utilities/NS_Utilities.h"
+#include "widgets/binding/StorePixels.h"
 #include "widgets/meters/CMeterPrivate.h"
 #include "widgets/meters/MeterWatch.h"
 
 #include <QPainter>
+
+#include <algorithm>
 
 namespace {
 
@@ -16,14 +19,19 @@ bool isPixelForPixel(const QPixmap &picture, const QTransform &toDevice)
            && toDevice.m22() == ratio && ratio == qFloor(ratio);
 }
 
-void blit(QPainter &painter, const QPixmap &picture, const QRect &part)
+/// A part of the widget in the pixels of a picture that covers it.
+QRectF inPixels(const QRect &part, const QPixmap &picture)
 {
     const qreal ratio = picture.devicePixelRatio();
-    if (ratio == 1)
+    return {part.topLeft() * ratio, QSizeF(part.size()) * ratio};
+}
+
+void blit(QPainter &painter, const QPixmap &picture, const QRect &part)
+{
+    if (picture.devicePixelRatio() == 1)
         painter.drawPixmap(part.topLeft(), picture, part);
     else
-        painter.drawPixmap(QRectF(part), picture,
-                           QRectF(part.topLeft() * ratio, QSizeF(part.size()) * ratio));
+        painter.drawPixmap(QRectF(part), picture, inPixels(part, picture));
 }
 
 void drawWhole(QPainter &painter, const QPixmap &picture)
@@ -135,6 +143,19 @@ bool CMeter::isDrawnPlainly(const QWidget &widget)
     const Private &d = *static_cast<const CMeter &>(widget).d;
     return metering::fits(d.lit.deviceIndependentSize(), widget)
         && metering::fits(d.unlit.deviceIndependentSize(), widget);
+}
+
+bool CMeter::copyPicture(QWidget &widget, StorePixels &pixels)
+{
+    const auto &meter = static_cast<CMeter &>(widget);
+    const Private &d = *meter.d;
+    if (!d.hidesAll || d.unlit.isNull() || meter.value() < 0)
+        return false;
+    const MeterPicture::Blits blits = d.picture.blits(meter.size(), d.bands(meter));
+    return std::all_of(blits.cbegin(), blits.cend(), [&](const MeterPicture::Blit &each) {
+        const QPixmap &picture = each.lit ? d.lit : d.unlit;
+        return pixels.copy(each.part.topLeft(), picture, inPixels(each.part, picture).toRect());
+    });
 }
 
 void CMeter::drawPicture(QWidget &meter, QPainter &painter)

@@ -10,7 +10,7 @@
 
 struct CMeter::Private
 {
-    static constexpr BatchedPicture::Manner drawing{isDrawnPlainly, drawPicture};
+    static constexpr BatchedPicture::Manner drawing{isDrawnPlainly, copyPicture, drawPicture};
 
     explicit Private(CMeter &meter) : batched(meter, typeid(CMeter), drawing) {}
 

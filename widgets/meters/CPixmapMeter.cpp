@@ -6,6 +6,7 @@
 #include "widgets/binding/Binding.h"
 #include "widgets/binding/ErasePixmap.h"
 #include "widgets/binding/ShownTextAccessible.h"
+#include "widgets/binding/StorePixels.h"
 #include "widgets/meters/MeterWatch.h"
 #include "widgets/meters/ThresholdTable.h"
 
@@ -28,7 +29,7 @@ constexpr char OnlineSlot[] = "1onlineChange( bool )";
 
 struct CPixmapMeter::Private
 {
-    static constexpr BatchedPicture::Manner drawing{isDrawnPlainly, drawPicture};
+    static constexpr BatchedPicture::Manner drawing{isDrawnPlainly, copyPicture, drawPicture};
 
     explicit Private(CPixmapMeter &meter) : batched(meter, typeid(CPixmapMeter), drawing) {}
 
@@ -294,6 +295,12 @@ void CPixmapMeter::paintEvent(QPaintEvent *event)
 bool CPixmapMeter::isDrawnPlainly(const QWidget &meter)
 {
     return metering::fits(static_cast<const CPixmapMeter &>(meter).cellSize(), meter);
+}
+
+bool CPixmapMeter::copyPicture(QWidget &meter, StorePixels &pixels)
+{
+    const Private &d = *static_cast<CPixmapMeter &>(meter).d;
+    return pixels.copyCell(d.cell(), d.strip, d.grid());
 }
 
 void CPixmapMeter::drawPicture(QWidget &meter, QPainter &painter)

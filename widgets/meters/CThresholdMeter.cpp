@@ -7,6 +7,7 @@
 #include "widgets/binding/Binding.h"
 #include "widgets/binding/ErasePixmap.h"
 #include "widgets/binding/ShownTextAccessible.h"
+#include "widgets/binding/StorePixels.h"
 #include "widgets/meters/MeterWatch.h"
 
 #include <QPainter>
@@ -37,7 +38,7 @@ int bandOf(const std::vector<quint16> &table, quint16 code)
 
 struct CThresholdMeter::Private
 {
-    static constexpr BatchedPicture::Manner drawing{isDrawnPlainly, drawPicture};
+    static constexpr BatchedPicture::Manner drawing{isDrawnPlainly, copyPicture, drawPicture};
 
     explicit Private(CThresholdMeter &meter) : batched(meter, typeid(CThresholdMeter), drawing) {}
 
@@ -304,6 +305,12 @@ void CThresholdMeter::paintEvent(QPaintEvent *event)
 bool CThresholdMeter::isDrawnPlainly(const QWidget &meter)
 {
     return metering::fits(static_cast<const CThresholdMeter &>(meter).cellSize(), meter);
+}
+
+bool CThresholdMeter::copyPicture(QWidget &meter, StorePixels &pixels)
+{
+    const Private &d = *static_cast<CThresholdMeter &>(meter).d;
+    return pixels.copyCell({0, d.currentImage}, d.strip, {1, d.subImages});
 }
 
 void CThresholdMeter::drawPicture(QWidget &meter, QPainter &painter)

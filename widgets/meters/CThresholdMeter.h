@@ -10,6 +10,8 @@
 
 #include <memory>
 
+class StorePixels;
+
 /// A lamp for a channel's reading: dark, below the threshold, above it, near full scale; or, with a
 /// table of the memory, one state per band between its thresholds, higher readings having lower
 /// numbers. It is dark while the console is offline, while the state parameter is 0, and when the
@@ -106,6 +108,7 @@ private:
     void unsubscribe();
     void refreshPicture();
     static bool isDrawnPlainly(const QWidget &meter);
+    static bool copyPicture(QWidget &meter, StorePixels &pixels);
     static void drawPicture(QWidget &meter, QPainter &painter);
     void pictureChanged();
     QSize cellSize() const;

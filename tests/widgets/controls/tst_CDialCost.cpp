@@ -6,6 +6,7 @@
 #include "widgets/binding/TCacheServer.h"
 #include "widgets/controls/CDial.h"
 
+#include <QAccessible>
 #include <QTest>
 
 #include <thread>
@@ -194,6 +195,7 @@ private Q_SLOTS:
     void changesBetweenFramesPaintOnce();
     void noPictureIsMadeUnlessItIsShared();
     void aSharedPictureIsMadeOncePerRow();
+    void aNewDialHasNoAccessibleObjectYet();
     void aStormIsOneDelivery();
 };
 
@@ -313,6 +315,22 @@ void tst_CDialCost::aSharedPictureIsMadeOncePerRow()
     for (int value : {20, 30, 20, 30})
         scene.changeAndPaint(value);
     QCOMPARE(pictures, before + 1);
+}
+
+/// Most dials get their first values from a memory, before anybody looks.
+void tst_CDialCost::aNewDialHasNoAccessibleObjectYet()
+{
+    static int asked;
+    asked = 0;
+    QAccessible::installFactory([](const QString &, QObject *) -> QAccessibleInterface * {
+        ++asked;
+        return nullptr;
+    });
+    CDial dial;
+    QCOMPARE(asked, 0);
+    QVERIFY(QAccessible::queryAccessibleInterface(&dial));
+    QCOMPARE(asked, 1);
+    QCOMPARE(QAccessible::queryAccessibleInterface(&dial)->role(), QAccessible::Dial);
 }
 
 void tst_CDialCost::aStormIsOneDelivery()
