@@ -299,6 +299,8 @@ void MainWindow::addStatus()
     statusBar()->setSizeGripEnabled(false);
     statusBar()->addWidget(new TouchStatus(d->touched), 1);
     statusBar()->addPermanentWidget(lamp);
+    // By itself it paints anew where a message begins, beyond which some letters reach.
+    connect(statusBar(), &QStatusBar::messageChanged, statusBar(), qOverload<>(&QWidget::update));
     connect(&d->memory, &ParameterMemory::onlineChanged, lamp, &OnlineLamp::setOnline);
     lamp->setOnline((d->memory.connectionState() & IMemAPI::Online) == IMemAPI::Online);
 }

@@ -2,6 +2,7 @@
 #include "editor/MainWindow.h"
 
 #include "editor/ProxyCommands.h"
+#include "editor/soak/WindowPicture.h"
 #include "tests/editor/EditorRig.h"
 #include "widgets/controls/CDial.h"
 
@@ -12,6 +13,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QSpinBox>
+#include <QStatusBar>
 #include <QUndoStack>
 
 namespace {
@@ -37,6 +39,7 @@ private Q_SLOTS:
     void controlClickResetsToTheControlsOwnDefault();
     void channelChooserRebindsTheSelectedChannel();
     void onlineLampFollowsTheConsole();
+    void aMessageInTheStatusBarLeavesNothingBehind();
     void verticalDragIsSwitchedFromTheMenu();
 
 private:
@@ -248,6 +251,22 @@ void TestMainWindow::onlineLampFollowsTheConsole()
     command("Console", "Online")->trigger();
     m_rig->console.step(1000);
     QTRY_COMPARE(status("onlineWord"), QString("Online"));
+}
+
+// Some letters reach beyond the place that a status bar paints anew for another message.
+void TestMainWindow::aMessageInTheStatusBarLeavesNothingBehind()
+{
+    MainWindow &window = *m_rig->window;
+    m_rig->screen("bus-patch");
+    for (char first = '!'; first <= '~'; ++first) {
+        const QString message(QLatin1Char{first});
+        window.statusBar()->showMessage(message);
+        windowpicture::repainted(window);
+        window.statusBar()->showMessage("-");
+        const QImage shown = windowpicture::present(window);
+        QVERIFY2(windowpicture::differing(shown, windowpicture::repainted(window)).isEmpty(),
+                 qPrintable(message));
+    }
 }
 
 void TestMainWindow::verticalDragIsSwitchedFromTheMenu()
