@@ -502,5 +502,8 @@ bool CPullDownMenu::event(QEvent *event)
     const bool handled = QLabel::event(event);
     if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange)
         setAttribute(Qt::WA_OpaquePaintEvent, !d->image.isNull() && !d->image.hasAlphaChannel());
+    // The style lights what the pointer is over, of which a label does not take notice.
+    if ((event->type() == QEvent::Enter || event->type() == QEvent::Leave) && d->image.isNull())
+        update();
     return handled;
 }

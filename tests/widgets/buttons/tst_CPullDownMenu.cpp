@@ -5,7 +5,10 @@
 #include "widgets/buttons/CPullDownMenu.h"
 
 #include <QAccessible>
+#include <QApplication>
+#include <QBackingStore>
 #include <QElapsedTimer>
+#include <QEnterEvent>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
@@ -99,6 +102,7 @@ private Q_SLOTS:
     void isUsedByKeyboard();
     void goesToTypedLetters();
     void aSecondPressClosesIt();
+    void isLitWhileThePointerIsOverIt();
     void refusesToOpenWhileItIsLocked();
     void mayDieAtAnyTime_data();
     void mayDieAtAnyTime();
@@ -462,6 +466,27 @@ void tst_CPullDownMenu::aSecondPressClosesIt()
     QTest::mousePress(rig.menu(), Qt::LeftButton, {}, point);
     QApplication::processEvents();
     QVERIFY(!rig.menu()->isVisible());
+}
+
+void tst_CPullDownMenu::isLitWhileThePointerIsOverIt()
+{
+    QApplication::setStyle("Fusion");
+    Rig rig("Low;Mid;High");
+    rig.show();
+    const auto shown = [&rig] {
+        const auto *store = static_cast<QImage *>(rig.window.backingStore()->paintDevice());
+        return store->copy(rig.widget->geometry());
+    };
+    for (const bool inside : {true, false, true, false}) {
+        rig.widget->setAttribute(Qt::WA_UnderMouse, inside);
+        QEnterEvent enter({5, 5}, {25, 25}, rig.widget->mapToGlobal(QPointF(5, 5)));
+        QEvent leave(QEvent::Leave);
+        QApplication::sendEvent(rig.widget, inside ? &enter : &leave);
+        QApplication::processEvents();
+        const QImage present = shown();
+        rig.widget->repaint();
+        QCOMPARE(present, shown());
+    }
 }
 
 void tst_CPullDownMenu::refusesToOpenWhileItIsLocked()
