@@ -87,12 +87,10 @@ struct ListScene
     Measurement compare(const std::function<void(QTreeWidget &)> &step)
     {
         const auto timed = [&step](const char *name, QTreeWidget &list) {
-            return rounds::Case{name, [&step, &list](benchmark::State &state) {
-                                    for (auto _ : state) {
-                                        step(list);
-                                        Stage::frame();
-                                    }
-                                }};
+            return rounds::Case{name, rounds::worked([&step, &list] {
+                                    step(list);
+                                    Stage::frame();
+                                })};
         };
         return rounds::compare({timed("library", library), timed("plain list", plain)},
                                rounds::firstToSecond);

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "bench/Rounds.h"
 
+#include "bench/Producer.h"
+
 #include <QtGlobal>
 
 namespace {
 
-constexpr double CalibrationSeconds = 0.01;
+constexpr double CalibrationSeconds = 0.02;
 
 /// Keeps the result of the one benchmark that is run, and prints nothing.
 class Collector : public benchmark::BenchmarkReporter
@@ -24,12 +26,29 @@ public:
     Run last;
 };
 
-benchmark::BenchmarkReporter::Run runOnce(const rounds::Case &each)
+/// A round of one case.
+struct Round
 {
+    benchmark::IterationCount iterations;
+    double nanoseconds; ///< of one iteration
+};
+
+Round run(const rounds::Case &each)
+{
+    const auto *once = std::get_if<rounds::Case::Once>(&each.work);
+    std::vector<double> seconds;
+    // The case itself is called, not a copy of it: what it counts goes on from round to round.
+    const auto body = [&](benchmark::State &state) {
+        if (!once)
+            return std::get<rounds::Case::Body>(each.work)(state);
+        seconds.clear();
+        for (auto _ : state)
+            state.SetIterationTime(seconds.emplace_back((*once)()));
+    };
     benchmark::ClearRegisteredBenchmarks();
-    auto *registered = benchmark::RegisterBenchmark(each.name, each.body);
+    auto *registered = benchmark::RegisterBenchmark(each.name, body);
     registered->Unit(benchmark::kNanosecond);
-    if (each.clock == rounds::Clock::Own)
+    if (once)
         registered->UseManualTime();
     if (each.iterations > 0)
         registered->Iterations(each.iterations);
@@ -37,13 +56,8 @@ benchmark::BenchmarkReporter::Run runOnce(const rounds::Case &each)
         registered->MinTime(CalibrationSeconds);
     Collector collector;
     benchmark::RunSpecifiedBenchmarks(&collector, ".");
-    return collector.last;
-}
-
-double timeOf(const rounds::Case &each)
-{
-    const auto run = runOnce(each);
-    return each.clock == rounds::Clock::Own ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime();
+    return {collector.last.iterations,
+            once ? 1e9 * median(seconds) : collector.last.GetAdjustedCPUTime()};
 }
 
 } // namespace
@@ -51,7 +65,7 @@ double timeOf(const rounds::Case &each)
 Measurement rounds::compare(std::vector<Case> cases, const Ratio &ratio)
 {
     for (Case &each : cases)
-        each.iterations = runOnce(each).iterations; // warms it up, too
+        each.iterations = run(each).iterations; // warms it up, too
 
     std::vector<double> ratios;
     std::vector<Times> timesOfCase(cases.size());
@@ -59,7 +73,7 @@ Measurement rounds::compare(std::vector<Case> cases, const Ratio &ratio)
         Times times(cases.size());
         for (size_t turn = 0; turn < cases.size(); ++turn) {
             const size_t which = (round + turn) % cases.size();
-            times[which] = timeOf(cases[which]);
+            times[which] = run(cases[which]).nanoseconds;
             timesOfCase[which].push_back(times[which]);
         }
         ratios.push_back(ratio(times));
@@ -68,6 +82,15 @@ Measurement rounds::compare(std::vector<Case> cases, const Ratio &ratio)
     for (size_t which = 0; which < cases.size(); ++which)
         result.timings.push_back({cases[which].name, median(timesOfCase[which])});
     return result;
+}
+
+rounds::Case::Once rounds::worked(std::function<void()> step)
+{
+    return [step = std::move(step)] {
+        const double start = threadSeconds();
+        step();
+        return threadSeconds() - start;
+    };
 }
 
 double rounds::firstToSecond(const Times &times)

@@ -75,27 +75,19 @@ private:
 rounds::Case timed(const char *name, const std::function<void(int)> &step)
 {
     constexpr int iterations = 4;
-    const auto body = [step](benchmark::State &state) {
+    const auto once = [step, number = 0]() mutable {
         using Clock = std::chrono::steady_clock;
-        int number = 0;
-        for (auto _ : state) {
-            const Clock::time_point start = Clock::now();
-            step(number++);
-            state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
-        }
+        const Clock::time_point start = Clock::now();
+        step(number++);
+        return std::chrono::duration<double>(Clock::now() - start).count();
     };
-    return {name, body, rounds::Clock::Own, iterations};
+    return {name, once, iterations};
 }
 
 /// In processor time.
 rounds::Case worked(const char *name, const std::function<void(int)> &step)
 {
-    const auto body = [step](benchmark::State &state) {
-        int number = 0;
-        for (auto _ : state)
-            step(number++);
-    };
-    return {name, body};
+    return {name, rounds::worked([step, number = 0]() mutable { step(number++); })};
 }
 
 } // namespace

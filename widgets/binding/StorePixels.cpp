@@ -3,10 +3,10 @@
 
 #include "interfaces/utilities/NS_Utilities.h"
 
-#include <QImage>
 #include <QPixmap>
 #include <QtMath>
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -36,21 +36,36 @@ StorePixels::StorePixels(QPaintDevice &device)
     m_ratio = qFloor(ratio);
 }
 
+/// Controls of a page have few pictures. Counting their users for each cell would wait each time until
+/// the cell before has reached the memory.
+const StorePixels::Source &StorePixels::source(const QPixmap &picture)
+{
+    const qint64 key = picture.cacheKey();
+    const auto found = std::find_if(m_sources.cbegin(), m_sources.cend(),
+                                    [key](const Source &each) { return each.key == key; });
+    if (found != m_sources.cend())
+        return *found;
+    if (m_sources.size() == MostSources)
+        m_sources.clear();
+    const QImage image = picture.toImage();
+    return m_sources.emplace_back(Source{key, image, image.constBits()});
+}
+
 bool StorePixels::copy(const QPoint &at, const QPixmap &picture, const QRect &part)
 {
     if (!m_bits || picture.devicePixelRatio() != m_ratio)
         return false;
-    const QImage image = picture.toImage(); // shares the pixels
+    const Source &from = source(picture);
     const QPoint place = (m_origin + at) * m_ratio;
-    if (image.format() != QImage::Format_RGB32 || !image.rect().contains(part)
+    if (from.image.format() != QImage::Format_RGB32 || !from.image.rect().contains(part)
         || !QRect(0, 0, m_width, m_height).contains({place, part.size()}))
         return false;
     const qsizetype bytes = qsizetype(part.width()) * BytesPerPixel;
-    const qsizetype step = image.bytesPerLine();
-    const uchar *from = image.constBits() + part.y() * step + qsizetype(part.x()) * BytesPerPixel;
+    const qsizetype step = from.image.bytesPerLine();
+    const uchar *line = from.bits + part.y() * step + qsizetype(part.x()) * BytesPerPixel;
     uchar *to = m_bits + place.y() * m_bytesPerLine + qsizetype(place.x()) * BytesPerPixel;
-    for (int line = 0; line < part.height(); ++line, from += step, to += m_bytesPerLine)
-        std::memcpy(to, from, static_cast<size_t>(bytes));
+    for (int count = part.height(); count > 0; --count, line += step, to += m_bytesPerLine)
+        std::memcpy(to, line, static_cast<size_t>(bytes));
     return true;
 }
 

@@ -3,13 +3,11 @@
 
 #include "widgets/TestedExport.h"
 
-#include <QPoint>
-#include <QtGlobal>
+#include <QImage>
+#include <QVarLengthArray>
 
 class QPaintDevice;
 class QPixmap;
-class QRect;
-class QSize;
 
 /// The pixels of a window's backing store between beginPaint() and endPaint(). Pictures that hide what
 /// is below them are copied there line by line: setting up a painter takes longer than that. GUI
@@ -34,10 +32,22 @@ public:
     bool copyCell(const QPoint &cell, const QPixmap &picture, const QSize &grid);
 
 private:
+    /// The pixels of a picture that was copied from.
+    struct Source
+    {
+        qint64 key;
+        QImage image; ///< shares them
+        const uchar *bits;
+    };
+    static constexpr qsizetype MostSources = 8;
+
+    const Source &source(const QPixmap &picture);
+
     uchar *m_bits = nullptr; ///< null: nothing can be copied
     qsizetype m_bytesPerLine = 0;
     int m_width = 0;
     int m_height = 0;
     int m_ratio = 1; ///< pixels per device-independent one
     QPoint m_origin;
+    QVarLengthArray<Source, MostSources> m_sources;
 };
