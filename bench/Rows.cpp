@@ -32,7 +32,7 @@ const std::vector<Row> &rows()
          1.1, bareProducerCost},
         {"cross-thread-gui", "a change where hidden dials take it, to the dirty list", 2.0, 1.2,
          deliveryCost},
-        {"cross-thread-gui-bare", "the same with receivers that only read their value", 2.0, 1.2,
+        {"cross-thread-gui-bare", "the same with receivers that only read their value", 3.0, 2.0,
          bareDeliveryCost},
         {"cross-thread-flood", "a million changes from 4 threads to 1000 dials, to the dirty list",
          1.5, 1.1, floodTime},

@@ -161,7 +161,7 @@ void ChangeDelivery::deliver()
     schedule();
     const QPointer<ChangeDelivery> alive(this);
     while (m_delivered < m_batch.size()) {
-        ProxyRecord &record = *m_batch[m_delivered++];
+        ProxyRecord &record = *m_batch[m_delivered++].record;
         record.batched = false;
         if (record.proxy)
             record.proxy->process(nullptr, TMemProxyBasic::Refresh, 0);
@@ -213,19 +213,26 @@ void ChangeDelivery::collectRecords()
 /// the window's changed region then only grows at its end.
 void ChangeDelivery::putInRowOrder()
 {
+    if (!std::exchange(m_unordered, false))
+        return;
     const auto first = m_batch.begin() + static_cast<std::ptrdiff_t>(m_delivered);
-    for (auto each = first; each != m_batch.end(); ++each)
-        (*each)->rowOrder = rowOrderOf((*each)->widget);
-    const auto earlier = [](const ProxyRecord *one, const ProxyRecord *other) {
-        return one->rowOrder < other->rowOrder;
-    };
-    if (!std::is_sorted(first, m_batch.end(), earlier))
-        std::stable_sort(first, m_batch.end(), earlier);
+    quint64 last = 0;
+    bool inOrder = true;
+    for (auto each = first; each != m_batch.end(); ++each) {
+        each->rowOrder = rowOrderOf(each->record->widget);
+        inOrder = inOrder && last <= each->rowOrder;
+        last = each->rowOrder;
+    }
+    if (!inOrder)
+        std::stable_sort(first, m_batch.end(), [](const Turn &one, const Turn &other) {
+            return one.rowOrder < other.rowOrder;
+        });
 }
 
 void ChangeDelivery::enqueue(ProxyRecord &record)
 {
     if (std::exchange(record.batched, true))
         return;
-    m_batch.push_back(&record);
+    m_batch.push_back({&record, 0});
+    m_unordered = m_unordered || record.widget;
 }

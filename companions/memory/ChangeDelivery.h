@@ -79,6 +79,12 @@ private:
     void dropObserver(ProxyRecord &record, size_t number);
     void reclaim(ProxyRecord &record);
 
+    /// A proxy that is about to be called.
+    struct Turn
+    {
+        ProxyRecord *record;
+        quint64 rowOrder; ///< where its widget stands
+    };
     using Observers = QVarLengthArray<ProxyRecord *, 1>; ///< mostly there is one
 
     // What all threads write stands apart from what the GUI thread writes at every call.
@@ -92,6 +98,7 @@ private:
     alignas(CacheLine) ParameterStore *m_store = nullptr;
     std::vector<Observers> m_observers;                  ///< by number of cell
     std::vector<std::unique_ptr<ProxyRecord>> m_records; ///< released ones while still queued
-    std::vector<ProxyRecord *> m_batch; ///< whose turn it is, up to m_delivered already served
+    std::vector<Turn> m_batch;                           ///< up to m_delivered already served
     size_t m_delivered = 0;
+    bool m_unordered = false; ///< widgets are among those that came last
 };

@@ -11,7 +11,7 @@ class TMemProxyBasic;
 
 /// What the memory knows of a proxy (TMemProxyBasic::memoryRecord()). It may outlive the proxy by
 /// the rest of a delivery. GUI thread, except `pending` and `next`.
-struct ProxyRecord
+struct alignas(64) ProxyRecord // one line of the cache
 {
     explicit ProxyRecord(TMemProxyBasic &owner) : proxy(&owner) {}
 
@@ -23,7 +23,6 @@ struct ProxyRecord
     ProxyRecord *next = nullptr;     ///< in the list of pending records
     TMemProxyBasic *proxy;           ///< null once the proxy has been released
     const QWidget *widget = nullptr; ///< what the proxy may be besides; null once released
-    quint64 rowOrder = 0;            ///< where the widget stands, during a delivery
     size_t place = 0;                ///< among all records
     std::vector<size_t> cells;       ///< the numbers of the cells on which it is registered
 };
