@@ -6,9 +6,10 @@
 #include "editor/DemonstrationScenes.h"
 #include "editor/MainWindow.h"
 #include "editor/soak/Checker.h"
+#include "editor/soak/Growth.h"
 #include "editor/soak/HeldConsole.h"
+#include "editor/soak/MemoryUse.h"
 #include "editor/soak/Operator.h"
-#include "editor/soak/ResidentMemory.h"
 #include "editor/soak/SoakWindows.h"
 #include "editor/soak/StallWatch.h"
 #include "editor/soak/Stagehand.h"
@@ -22,6 +23,7 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <utility>
 
 namespace {
 
@@ -31,11 +33,18 @@ constexpr int StepsPerDeed = 25;
 constexpr int MostBetweenChecks = 5000; // milliseconds
 constexpr int LeastChecks = 4;
 constexpr qint64 Minute = 60'000;
+constexpr int BetweenMeasures = 10'000;
 constexpr double Megabyte = 1024 * 1024;
 
 void print(const QString &line)
 {
     std::printf("%s\n", qPrintable(line));
+    std::fflush(stdout);
+}
+
+QString megabytes(qint64 bytes)
+{
+    return QString::number(static_cast<double>(bytes) / Megabyte, 'f', 1);
 }
 
 /// Everything that takes part, and the order of what happens.
@@ -60,8 +69,10 @@ private:
     void post();
     void step();
     void check();
-    void measureAfterFirstMinute();
-    bool isGrowthKnown() const { return m_afterFirstMinute > 0; }
+    void measure();
+    /// In a soak of some minutes.
+    bool isGrowthKnown() const { return m_duration >= 2 * Minute; }
+    bool reportMemory() const;
 
     ParameterMemory &m_memory;
     const qint64 m_duration; // milliseconds
@@ -78,8 +89,12 @@ private:
     QElapsedTimer m_clock;
     QElapsedTimer m_sinceCheck;
     qint64 m_stepCount = 0;
-    qint64 m_afterFirstMinute = 0; ///< resident bytes; 0 before
-    qint64 m_atEnd = 0;
+    qint64 m_minute = 0; ///< for which memory was last told
+    QElapsedTimer m_sinceMeasure;
+    MemoryUse m_first; ///< after the first minute
+    MemoryUse m_last;
+    Growth m_resident;
+    Growth m_allocated;
     int m_depth = 0; ///< steps that have not returned: boxes run event loops of their own
     bool m_posted = false;
     bool m_checking = false;
@@ -99,9 +114,7 @@ void SoakRun::run()
     pulse.start(StepMilliseconds);
     m_loop.exec();
     pulse.stop();
-    m_stagehand.setUpAgain();
     check();
-    m_atEnd = residentmemory::present();
 }
 
 /// A timer does not call while its last call has not returned, and a step may stay in an event loop of
@@ -143,18 +156,34 @@ void SoakRun::check()
     const StallWatch::Pause pause(m_watch);
     const HeldConsole::Hold hold(m_held);
     m_checking = true;
+    const bool measureDue = !m_loop.isRunning() || !m_sinceMeasure.isValid()
+                            || m_sinceMeasure.hasExpired(BetweenMeasures);
+    if (measureDue)
+        m_stagehand.setUpAgain();
     m_checker.check();
+    if (measureDue)
+        measure();
     m_checking = false;
     m_sinceCheck.start();
-    measureAfterFirstMinute();
 }
 
-void SoakRun::measureAfterFirstMinute()
+void SoakRun::measure()
 {
-    if (isGrowthKnown() || m_clock.elapsed() < Minute || m_duration < 2 * Minute)
+    m_sinceMeasure.start();
+    m_last = MemoryUse::present();
+    const qint64 minute = m_clock.elapsed() / Minute;
+    if (minute < 1)
         return;
-    m_stagehand.setUpAgain();
-    m_afterFirstMinute = residentmemory::present();
+    if (m_resident.samples() == 0)
+        m_first = m_last;
+    const double minutes = static_cast<double>(m_clock.elapsed()) / Minute;
+    m_resident.add(minutes, static_cast<double>(m_last.resident));
+    m_allocated.add(minutes, static_cast<double>(m_last.allocated));
+    if (std::exchange(m_minute, minute) != minute)
+        print(QStringLiteral("Minute %1: %2 MB resident, %3 MB of it allocated; differences: %4")
+                  .arg(minute)
+                  .arg(megabytes(m_last.resident), megabytes(m_last.allocated))
+                  .arg(m_checker.differences()));
 }
 
 bool SoakRun::report() const
@@ -171,31 +200,48 @@ bool SoakRun::report() const
               .arg(m_checker.windowsCompared())
               .arg(m_warnings.count())
               .arg(m_checker.differences()));
-    const auto megabytes = [](qint64 bytes) { return QString::number(bytes / Megabyte, 'f', 1); };
-    const QString first = isGrowthKnown() ? megabytes(m_afterFirstMinute) + QStringLiteral(" MB")
-                                          : QStringLiteral("not judged in so short a soak");
-    print(QStringLiteral("Resident memory: %1 MB at the end, after the first minute %2; peak %3 MB")
-              .arg(megabytes(m_atEnd), first, megabytes(residentmemory::peak())));
+    const bool steady = reportMemory();
     const bool smooth = reportStalls();
-    const bool grown = isGrowthKnown() && m_atEnd - m_afterFirstMinute > soak::MostGrowth;
-    return m_checker.differences() == 0 && m_warnings.count() == 0 && !grown && smooth;
+    return m_checker.differences() == 0 && m_warnings.count() == 0 && steady && smooth;
+}
+
+bool SoakRun::reportMemory() const
+{
+    print(QStringLiteral("Memory: %1 MB resident at the end, %2 MB of it allocated; peak %3 MB")
+              .arg(megabytes(m_last.resident), megabytes(m_last.allocated),
+                   megabytes(MemoryUse::peak())));
+    if (!isGrowthKnown()) {
+        print(QStringLiteral("Its growth is not judged in so short a soak"));
+        return true;
+    }
+    const bool grown = m_resident.overall() > soak::MostResidentGrowth
+                       || m_allocated.overall() > soak::MostGrowth;
+    print(QStringLiteral("After the first minute: %1 MB resident, %2 MB of it allocated; growth since, by "
+                         "%3 samples: %4 MB and %5 MB%6")
+              .arg(megabytes(m_first.resident), megabytes(m_first.allocated))
+              .arg(m_resident.samples())
+              .arg(megabytes(qRound64(m_resident.overall())),
+                   megabytes(qRound64(m_allocated.overall())),
+                   grown ? QStringLiteral("  too much") : QString()));
+    return !grown;
 }
 
 /// What an event had to wait for, by the clock and by what the GUI thread did meanwhile.
 bool SoakRun::reportStalls() const
 {
-    print(QStringLiteral("Longest waits of an event: ms by the clock (GUI thread ran, waited, was kept from "
-                         "running by others)"));
+    print(QStringLiteral("Longest waits of an event, in ms: by the clock (the GUI thread ran, waited, was kept "
+                         "from running by others; our other threads were kept)"));
     bool smooth = true;
     for (const StallWatch::Stall &each : m_watch.longest()) {
         const bool tooLong = each.own() > soak::LongestStall;
         smooth &= !tooLong;
-        print(QStringLiteral("  %1 %2 (%3, %4, %5)%6")
+        print(QStringLiteral("  %1 %2 (%3, %4, %5; %6)%7")
                   .arg(QLatin1StringView(each.doing), -18)
                   .arg(each.length, 6, 'f', 1)
                   .arg(each.running, 0, 'f', 1)
-                  .arg(each.still(), 0, 'f', 1)
+                  .arg(each.waited(), 0, 'f', 1)
                   .arg(each.kept, 0, 'f', 1)
+                  .arg(each.othersKept, 0, 'f', 1)
                   .arg(tooLong ? QStringLiteral("  too long") : QString()));
     }
     print(QStringLiteral("Longest opening of a window: %1 ms").arg(m_stagehand.longestOpening()));
@@ -215,9 +261,10 @@ bool soak::run(ParameterMemory &memory, const SoakPlan &plan)
     }
     demonstrationscenes::fill(library, memory);
     QAccessible::setActive(true);
-    std::printf("Soak: %g minutes, seed %u, %lld screens\n", plan.minutes, plan.seed,
-                static_cast<long long>(plan.forms.size()));
-    std::fflush(stdout);
+    print(QStringLiteral("Soak: %1 minutes, seed %2, %3 screens")
+              .arg(plan.minutes)
+              .arg(plan.seed)
+              .arg(plan.forms.size()));
     SoakRun run(memory, library, plan);
     run.run();
     return run.report();

@@ -33,8 +33,10 @@ bool run(ParameterMemory &memory, const SoakPlan &plan);
 constexpr double LongestStall = 50;
 /// Changes per second of the simulated console, unless told otherwise.
 constexpr double FullRate = 10000;
-/// How much the resident memory may grow after the first minute, in bytes: what caches come to that are
-/// filled later, and what freed memory leaves between what is still used.
-constexpr qint64 MostGrowth = 16 * 1024 * 1024;
+/// What allocated memory may grow by after the first minute, in bytes, by the line through all samples:
+/// they differ by what is on its way just then.
+constexpr qint64 MostGrowth = 4 * 1024 * 1024;
+/// The same of resident memory: with the gaps that windows of many sizes leave between what is used.
+constexpr qint64 MostResidentGrowth = 16 * 1024 * 1024;
 
 } // namespace soak

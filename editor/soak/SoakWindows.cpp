@@ -8,12 +8,6 @@
 #include <QRegularExpression>
 #include <QScrollArea>
 
-namespace {
-
-constexpr QSize WindowSize(1280, 800);
-
-} // namespace
-
 SoakWindows::SoakWindows(ParameterMemory &memory, SimulatedConsole &console, SceneLibrary &library,
                          const QStringList &forms)
     : m_memory(memory), m_console(console), m_library(library), m_forms(forms),
@@ -39,7 +33,12 @@ void SoakWindows::open(int number)
 
 void SoakWindows::close(int number)
 {
-    m_windows[static_cast<size_t>(number)].reset();
+    MainWindow *window = m_windows[static_cast<size_t>(number)].release();
+    window->hide();
+    // One page after the other: the operator goes on meanwhile.
+    for (int page = window->pages().count() - 1; page >= 0; --page)
+        window->pages().page(page)->deleteLater();
+    window->deleteLater();
 }
 
 void SoakWindows::openAll()

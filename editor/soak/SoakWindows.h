@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QSize>
 #include <QStringList>
 
 #include <memory>
@@ -16,6 +17,8 @@ class SimulatedConsole;
 class SoakWindows
 {
 public:
+    static constexpr QSize WindowSize{1280, 800};
+
     /// Opens none yet. Memory, console and library outlive the windows.
     SoakWindows(ParameterMemory &memory, SimulatedConsole &console, SceneLibrary &library,
                 const QStringList &forms);
@@ -29,7 +32,7 @@ public:
     MainWindow *tabbed() const { return window(count() - 1); }
 
     void open(int number);
-    /// Destroys the window and all its controls.
+    /// The window goes, and then all its controls, when the event loop comes round.
     void close(int number);
     void openAll();
 

@@ -12,6 +12,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QPixmapCache>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QUndoStack>
@@ -79,8 +80,13 @@ void Stagehand::setUpAgain()
 {
     openAll();
     m_console.setOnline(true);
-    for (int number = 0; number < m_windows.count(); ++number)
+    // These grow to limits of their own.
+    m_memory.undoStack()->clear();
+    QPixmapCache::clear();
+    for (int number = 0; number < m_windows.count(); ++number) {
         m_windows.window(number)->showNormal();
+        m_windows.window(number)->resize(SoakWindows::WindowSize);
+    }
 }
 
 void Stagehand::openAll()

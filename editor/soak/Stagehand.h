@@ -27,7 +27,8 @@ public:
     Q_DISABLE_COPY_MOVE(Stagehand)
 
     void act();
-    /// Puts right what would keep the controls from being compared: opens, shows, goes online.
+    /// Makes moments comparable: opens and shows all windows, in their first size, goes online, and
+    /// forgets what may be kept for later.
     void setUpAgain();
 
     /// What it did last.

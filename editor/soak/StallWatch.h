@@ -3,8 +3,10 @@
 
 #include <QObject>
 
-#include <condition_variable>
-#include <mutex>
+#include <algorithm>
+#include <atomic>
+#include <semaphore>
+#include <string>
 #include <string_view>
 #include <thread>
 #include <vector>
@@ -13,8 +15,8 @@
 /// answer, asks again a moment later.
 ///
 /// On a machine that others use, too, most of a long wait may be the machine's. What is the program's own
-/// is told apart: what the GUI thread ran in the meantime, and what it stood still, neither running nor
-/// kept from it (it waited for a disk, or for a thread of ours).
+/// is told apart: what the GUI thread ran in the meantime, and what it waited for something else than a
+/// processor, a disk or another thread of ours, unless that one was waiting for a processor.
 /// Construct and destroy it on the GUI thread.
 class StallWatch : public QObject
 {
@@ -24,13 +26,15 @@ public:
     {
         std::string_view doing; ///< what was done last when it ended
         double length = 0;
-        double running = 0; ///< the GUI thread ran
-        double kept = 0;    ///< it was ready, and others had the processors
+        double running = 0;    ///< the GUI thread ran
+        double kept = 0;       ///< it was ready, and others had the processors
+        double othersKept = 0; ///< the same of all other threads of ours, together
+        double stopped = 0;    ///< the program was stopped or the machine asleep: nobody ran
 
         /// It waited for something else than a processor.
-        double still() const { return length - running - kept; }
+        double waited() const { return std::max(0.0, length - running - kept - stopped); }
         /// What does not come from others that keep the machine busy.
-        double own() const { return length - kept; }
+        double own() const { return running + std::max(0.0, waited() - othersKept); }
     };
 
     StallWatch();
@@ -62,29 +66,32 @@ public:
     bool event(QEvent *event) override;
 
 private:
-    /// What the GUI thread has used so far, in milliseconds.
+    /// What there has been so far, in milliseconds.
     struct Times
     {
         double clock = 0;
         double running = 0;
-        double kept = 0; ///< ready, without a processor
+        double kept = 0;
+        double othersKept = 0;
     };
 
     void run();
     Times now() const;
     void note(const Stall &stall);
+    double waitForAnswer();
 
-    const int m_guiThread;
+    const std::string m_guiThread; ///< its number
     const clockid_t m_guiClock;
     std::vector<Stall> m_longest;
+    Stall m_last; ///< noted with the next answer, when it is known what stopped
     std::string_view m_doing;
     int m_pauses = 0;
     bool m_spoilt = false; ///< a pause fell into the present question
 
-    std::mutex m_mutex;
-    std::condition_variable m_wake;
-    Times m_asked;         ///< guarded by the mutex, as what follows
-    bool m_answered = false;
-    bool m_stopping = false;
+    // Written before a question is posted:
+    Times m_asked;
+    double m_stopped = 0; ///< while the question before that waited
+    std::counting_semaphore<> m_answer{0};
+    std::atomic<bool> m_stopping{false};
     std::thread m_thread;
 };

@@ -7,6 +7,7 @@
 #include "editor/MainWindow.h"
 #include "editor/ScreenPages.h"
 #include "editor/soak/Checker.h"
+#include "editor/soak/Growth.h"
 #include "editor/soak/SoakWindows.h"
 #include "editor/soak/StallWatch.h"
 #include "widgets/controls/CDial.h"
@@ -15,12 +16,15 @@
 #include <QBackingStore>
 #include <QElapsedTimer>
 #include <QPainter>
+#include <QProcess>
 #include <QScrollArea>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
 
 #include <algorithm>
+#include <cmath>
+#include <csignal>
 
 class TestChecker : public QObject
 {
@@ -32,6 +36,7 @@ private Q_SLOTS:
     void aPixelThatNoPaintGivesIsFound();
     void aValueThatTheMemoryDoesNotHoldIsFound();
     void aControlThatMissedAChangeIsFound();
+    void growthIsTheSlopeOfAllSamples();
     void stallsAreToldByDeedAndByWhatTheThreadDidMeanwhile();
 
 private:
@@ -104,6 +109,21 @@ void TestChecker::aControlThatMissedAChangeIsFound()
     m_memory.attachProxy(dial(), dial()->packed(), 0);
 }
 
+void TestChecker::growthIsTheSlopeOfAllSamples()
+{
+    Growth steady;
+    Growth growing;
+    QCOMPARE(steady.overall(), 0.0);
+    for (int minute = 1; minute <= 9; ++minute) {
+        const double noise = minute % 2 ? 3 : -3;
+        steady.add(minute, 100 + noise);
+        growing.add(minute, 100 + noise + 2 * minute);
+    }
+    QVERIFY(std::abs(steady.overall()) < 0.5);
+    QVERIFY(std::abs(growing.perMinute() - 2) < 0.1);
+    QVERIFY(std::abs(growing.overall() - 16) < 0.5);
+}
+
 void TestChecker::stallsAreToldByDeedAndByWhatTheThreadDidMeanwhile()
 {
     StallWatch watch;
@@ -134,7 +154,13 @@ void TestChecker::stallsAreToldByDeedAndByWhatTheThreadDidMeanwhile()
         const StallWatch::Pause pause(watch);
         QThread::msleep(400);
     });
+    letDo("stop", [] {
+        QVERIFY(QProcess::startDetached(
+            "sh", {"-c", QString("sleep 0.5; kill -CONT %1").arg(QCoreApplication::applicationPid())}));
+        std::raise(SIGSTOP);
+    });
     letDo("work", [&] { workFor(30); });
+    QTest::qWait(20);
 
     QVERIFY(of("work").length > 100);
     QVERIFY(of("work").running + of("work").kept > 100);
@@ -142,6 +168,8 @@ void TestChecker::stallsAreToldByDeedAndByWhatTheThreadDidMeanwhile()
     QVERIFY(of("sleep").length > 100);
     QVERIFY(of("sleep").running < 100);
     QVERIFY(of("pause").length < 400);
+    QVERIFY(of("stop").length > 400);
+    QVERIFY(of("stop").own() < 100);
     QVERIFY(std::is_sorted(watch.longest().begin(), watch.longest().end(),
                            [](auto &one, auto &other) { return one.own() > other.own(); }));
     watch.startAnew();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "editor/soak/ResidentMemory.h"
+#include "editor/soak/MemoryUse.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -27,15 +27,19 @@ qint64 status(const QByteArray &name)
 
 } // namespace
 
-qint64 residentmemory::present()
+MemoryUse MemoryUse::present()
 {
+    MemoryUse use;
 #ifdef __GLIBC__
     malloc_trim(0);
+    const struct mallinfo2 heap = mallinfo2();
+    use.allocated = static_cast<qint64>(heap.uordblks + heap.hblkhd);
 #endif
-    return status("VmRSS");
+    use.resident = status("VmRSS");
+    return use;
 }
 
-qint64 residentmemory::peak()
+qint64 MemoryUse::peak()
 {
     return status("VmHWM");
 }
