@@ -41,6 +41,10 @@ void Checker::check()
 
 void Checker::settle()
 {
+    // A key that has just begun to blink takes its look with the next step of the clock, which is held.
+    bool lit = false;
+    m_memory.blinkClock(&lit, 0);
+    m_memory.stepBlinkClock(lit);
     QElapsedTimer clock;
     clock.start();
     for (int turn = 0; turn < QuietTurns || !clock.hasExpired(QuietMilliseconds); ++turn) {

@@ -36,6 +36,7 @@ private Q_SLOTS:
     void aPixelThatNoPaintGivesIsFound();
     void aValueThatTheMemoryDoesNotHoldIsFound();
     void aControlThatMissedAChangeIsFound();
+    void aKeyThatHasJustBegunToBlinkIsNoDifference();
     void growthIsTheSlopeOfAllSamples();
     void stallsAreToldByDeedAndByWhatTheThreadDidMeanwhile();
 
@@ -107,6 +108,25 @@ void TestChecker::aControlThatMissedAChangeIsFound()
     QVERIFY2(found.constFirst().contains(QString::number(stored + 60)), qPrintable(found.constFirst()));
     QVERIFY2(found.constLast().contains("reading the memory again"), qPrintable(found.constLast()));
     m_memory.attachProxy(dial(), dial()->packed(), 0);
+}
+
+void TestChecker::aKeyThatHasJustBegunToBlinkIsNoDifference()
+{
+    const auto write = [this](const char *name, int element, int value) {
+        IMemAPI::TSingleBaseAddress at;
+        QVERIFY(m_memory.resolve(name, element, at));
+        m_memory.writeValue(at.group, at.index, at.element, value, 0);
+        QApplication::processEvents();
+    };
+    m_memory.stepBlinkClock(true);
+    write("kInputPair/kPair", 1, 0);
+    write("kSelectedChannel/kChannel", 0, 1);
+    write("kSelectedChannel/kChannel", 0, 0);
+    write("kInputPair/kPair", 1, 1);
+    Checker checker(m_memory, m_windows);
+    checker.check();
+    QCOMPARE(checker.lines(), QStringList());
+    write("kInputPair/kPair", 1, 0);
 }
 
 void TestChecker::growthIsTheSlopeOfAllSamples()
