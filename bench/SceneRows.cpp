@@ -46,7 +46,7 @@ public:
             || ::fdatasync(m_file.handle()) != 0)
             qFatal("not written");
     }
-    /// Reads the file, makes sure of what is in it, and writes value by value.
+    /// Reads the file, makes sure of what is in it, and writes value by value, each that much greater.
     void writeEach(int change)
     {
         m_file.seek(0);
@@ -109,13 +109,14 @@ Measurement sceneRecall()
     SceneBench bench;
     bench.append();
     const auto recall = [&bench](int number) {
-        // Slots take turns, so that every value differs; the first time fewer may.
+        // Slots take turns, so that every value differs; the very first time none may.
         const int written = bench.memory.apply(*bench.library.recall(1 + number % 2), "Recall");
         if (number > 0 && written != Parameters)
             qFatal("not all were written");
         bench.memory.undoStack()->clear();
     };
-    const auto reference = [&bench](int number) { bench.writeEach(number % 2); };
+    // Writes what no slot holds.
+    const auto reference = [&bench](int number) { bench.writeEach(1 + number % 2); };
     return rounds::compare(
         {worked("recall a scene", recall), worked("check and write its values", reference)},
         rounds::firstToSecond);
