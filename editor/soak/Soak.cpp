@@ -19,8 +19,10 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QPixmapCache>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QUndoStack>
 
 #include <cstdio>
 #include <utility>
@@ -52,7 +54,8 @@ class SoakRun
 {
 public:
     SoakRun(ParameterMemory &memory, SceneLibrary &library, const SoakPlan &plan)
-        : m_memory(memory), m_duration(static_cast<qint64>(plan.minutes * Minute)), m_plan(plan),
+        : m_memory(memory), m_library(library),
+          m_duration(static_cast<qint64>(plan.minutes * Minute)), m_plan(plan),
           m_held(memory, plan.seed), m_windows(memory, m_held.console(), library, plan.forms),
           m_stagehand(m_windows, memory, m_held.console(), m_watch, plan.seed + 1),
           m_operator(m_windows, plan.seed + 2), m_checker(memory, m_windows)
@@ -71,10 +74,12 @@ private:
     void check();
     void measure();
     /// In a soak of some minutes.
+    void setUpAgain();
     bool isGrowthKnown() const { return m_duration >= 2 * Minute; }
     bool reportMemory() const;
 
     ParameterMemory &m_memory;
+    SceneLibrary &m_library;
     const qint64 m_duration; // milliseconds
     const SoakPlan &m_plan;
     WarningCount m_warnings;
@@ -159,12 +164,21 @@ void SoakRun::check()
     const bool measureDue = !m_loop.isRunning() || !m_sinceMeasure.isValid()
                             || m_sinceMeasure.hasExpired(BetweenMeasures);
     if (measureDue)
-        m_stagehand.setUpAgain();
+        setUpAgain();
     m_checker.check();
     if (measureDue)
         measure();
     m_checking = false;
     m_sinceCheck.start();
+}
+
+/// Makes moments comparable: as many windows, and nothing kept for later that grows to a limit of its own.
+void SoakRun::setUpAgain()
+{
+    m_stagehand.setUpAgain();
+    m_memory.undoStack()->clear();
+    m_library.open(m_library.fileName()); // without what it would undo
+    QPixmapCache::clear();
 }
 
 void SoakRun::measure()

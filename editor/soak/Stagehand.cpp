@@ -12,7 +12,6 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QPixmapCache>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QUndoStack>
@@ -80,9 +79,6 @@ void Stagehand::setUpAgain()
 {
     openAll();
     m_console.setOnline(true);
-    // These grow to limits of their own.
-    m_memory.undoStack()->clear();
-    QPixmapCache::clear();
     for (int number = 0; number < m_windows.count(); ++number) {
         m_windows.window(number)->showNormal();
         m_windows.window(number)->resize(SoakWindows::WindowSize);

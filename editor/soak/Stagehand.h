@@ -27,8 +27,7 @@ public:
     Q_DISABLE_COPY_MOVE(Stagehand)
 
     void act();
-    /// Makes moments comparable: opens and shows all windows, in their first size, goes online, and
-    /// forgets what may be kept for later.
+    /// Opens and shows all windows, in their first size, and goes online.
     void setUpAgain();
 
     /// What it did last.
