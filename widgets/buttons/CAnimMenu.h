@@ -25,7 +25,7 @@ class CONSOLEWIDGETS_EXPORT CAnimMenu : public QFrame
 
 public:
     /// What the panel does now.
-    enum AnimWindowStatus { animClosed, animOpening, animOpen, animClosing };
+    enum AnimWindowStatus : int { animClosed, animOpening, animOpen, animClosing };
     Q_ENUM(AnimWindowStatus)
 
     /// The name is not used.

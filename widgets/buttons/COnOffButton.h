@@ -55,7 +55,7 @@ class CONSOLEWIDGETS_EXPORT COnOffButton : public QPushButton, public TMemProxy
 
 public:
     /// Whether a click takes effect when the key is let go, or at once when it is pressed.
-    enum TOnOffStateTrigger { buttonRelease, buttonPush };
+    enum TOnOffStateTrigger : int { buttonRelease, buttonPush };
     Q_ENUM(TOnOffStateTrigger)
 
     /// What state() and stateChanged() tell.

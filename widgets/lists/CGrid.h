@@ -62,7 +62,7 @@ class CONSOLEWIDGETS_EXPORT CGrid : public QWidget, public TMemProxy
 
 public:
     /// Which way channels run.
-    enum GridOrientation {
+    enum GridOrientation : int {
         ChannelsDown = 0,   ///< channels are rows, fields columns
         ChannelsAcross = 1, ///< channels are columns, fields rows
     };

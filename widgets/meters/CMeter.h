@@ -39,7 +39,7 @@ class CONSOLEWIDGETS_EXPORT CMeter : public QWidget, public QRangeControl, publi
 public:
     /// Up to 100 levels, above it reductions. The two offsets stand for no scale: they keep the one
     /// there is.
-    enum EMeterSelector {
+    enum EMeterSelector : int {
         eMtr_Normal_Offset = 0,
         eMtr_Normal = 1,     ///< levels
         eMtr_Sigma = 2,      ///< a lamp that is lit at full scale

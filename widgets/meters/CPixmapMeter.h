@@ -34,7 +34,7 @@ class CONSOLEWIDGETS_EXPORT CPixmapMeter : public QWidget, public TMemProxy
 
 public:
     /// Whether the pictures stand below one another or side by side.
-    enum SubDirection { ColImages = 0, RowImages = 1 };
+    enum SubDirection : int { ColImages = 0, RowImages = 1 };
     Q_ENUM(SubDirection)
 
     /// The name is not used.

@@ -7,6 +7,7 @@
 #include "widgets/forms/WidgetRegistry.h"
 
 #include <QLabel>
+#include <QMetaProperty>
 #include <QRegularExpression>
 #include <QSlider>
 
@@ -24,6 +25,7 @@ private Q_SLOTS:
     void picturesAreFoundBesideTheFormAndShared();
     void connectionsCarryValues();
     void everyRegisteredClassCanBePlaced();
+    void numberThatAnEnumerationLacksIsSurvived();
 };
 
 using F = FormFolder;
@@ -209,6 +211,27 @@ void TestFormLoader::everyRegisteredClassCanBePlaced()
         QVERIFY(widget);
         QCOMPARE(widget->metaObject(), entry.metaObject);
     }
+}
+
+/// What a form sets whose author mistyped an enumerator. The sanitizer has the last word here.
+void TestFormLoader::numberThatAnEnumerationLacksIsSurvived()
+{
+    int properties = 0;
+    for (const WidgetRegistry::Entry &entry : WidgetRegistry::entries()) {
+        const std::unique_ptr<QWidget> widget(entry.makeSample());
+        for (int i = QWidget::staticMetaObject.propertyCount();
+             i < entry.metaObject->propertyCount(); ++i) {
+            const QMetaProperty property = entry.metaObject->property(i);
+            if (!property.isEnumType() || qstrcmp(property.enumerator().scope(), "Qt") == 0)
+                continue;
+            ++properties;
+            for (const int number : {-1, 4711}) {
+                property.write(widget.get(), number);
+                widget->grab();
+            }
+        }
+    }
+    QVERIFY(properties >= 5);
 }
 
 QTEST_MAIN(TestFormLoader)
