@@ -6,6 +6,7 @@
 #include "widgets/buttons/COnOffButton.h"
 
 #include <QAccessible>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
 

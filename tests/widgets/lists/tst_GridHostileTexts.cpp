@@ -3,8 +3,9 @@
 // editor, keep it busy, or undo what was good before.
 #include "tests/support/GridRig.h"
 
-#include <QElapsedTimer>
 #include <QRandomGenerator>
+
+#include <ctime>
 
 namespace {
 
@@ -102,13 +103,14 @@ void tst_GridHostileTexts::longTextsAreReadInOnePass()
 {
     QFETCH(QString, piece);
     const QString text = piece.repeated(500'000);
-    QElapsedTimer timer;
-    timer.start();
+    // The processor's time: a busy machine is no fault of the text's.
+    const std::clock_t start = std::clock();
     GridRig rig;
     for (const QByteArray &name : textProperties)
         rig.grid.setProperty(name, text);
     rig.grid.grab();
-    QVERIFY2(timer.elapsed() < 20'000, qPrintable(QString::number(timer.elapsed())));
+    const double seconds = double(std::clock() - start) / CLOCKS_PER_SEC;
+    QVERIFY2(seconds < 20, qPrintable(QString::number(seconds)));
 }
 
 QTEST_MAIN(tst_GridHostileTexts)

@@ -190,6 +190,7 @@ void tst_CTimeDisplay::asksForTheCounterAndGoesOnAsking()
         QVERIFY(QTest::qWaitFor([&] { return rig.memory.take().contains("requestTimecode 1"); }));
     rig.meter.setMemAPI(nullptr);
     rig.meter.postTimecodeRequest();
+    rig.meter.setMemAPI(&rig.memory); // from which it must take its leave
 }
 
 void tst_CTimeDisplay::leavesTheTickConnected()
