@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Forms through the form check, which builds them.
-#include "companions/memory/ParameterMemory.h"
-#include "fuzz/FuzzApplication.h"
+#include "fuzz/FuzzMemory.h"
 #include "widgets/forms/FormCheck.h"
 
 #include <QFile>
@@ -9,11 +8,9 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t size)
 {
-    fuzz::start();
-    static auto &memory = *new ParameterMemory;
-    static const bool loaded = memory.load(ParameterMemory::builtInModel());
+    ParameterMemory &memory = fuzz::memory();
     static const QTemporaryDir folder;
-    fuzz::require(loaded && folder.isValid());
+    fuzz::require(folder.isValid());
     QFile form(folder.filePath(QStringLiteral("form.ui")));
     fuzz::require(form.open(QIODevice::WriteOnly));
     form.write(reinterpret_cast<const char *>(data), static_cast<qint64>(size));

@@ -1,17 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Named addresses, lists of them, and the extra addressing text of controls.
-#include "companions/memory/ParameterMemory.h"
-#include "fuzz/FuzzApplication.h"
+#include "fuzz/FuzzMemory.h"
 #include "interfaces/CSimpleNotifier.h"
-
-#include <memory>
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t size)
 {
-    fuzz::start();
-    static auto &memory = *new ParameterMemory;
-    static const bool loaded = memory.load(ParameterMemory::builtInModel());
-    fuzz::require(loaded);
+    ParameterMemory &memory = fuzz::memory();
     const fuzz::Input input{data, size};
     const int element = static_cast<int>(input.choice()) - 64;
     const QString name = input.rest().text();

@@ -2,10 +2,9 @@
 // A scene library some of whose rows say something else: the first byte chooses which, the rest is what
 // they say.
 #include "companions/memory/ParameterLayout.h"
-#include "companions/memory/ParameterMemory.h"
 #include "companions/scenes/SceneFile.h"
 #include "companions/scenes/SceneLibrary.h"
-#include "fuzz/FuzzApplication.h"
+#include "fuzz/FuzzMemory.h"
 
 #include <QTemporaryDir>
 
@@ -15,23 +14,20 @@ constexpr int Slot = 3;
 
 /// Statements with one value, and back again what they change.
 constexpr const char *Changes[] = {
-    "UPDATE layouts SET description = ?",  "UPDATE contents SET data = ?",
-    "UPDATE contents SET checksum = ?",    "UPDATE contents SET layout = ?",
-    "UPDATE scenes SET title = ?",         "UPDATE scenes SET stored = ?",
-    "UPDATE scenes SET protected = ?",     "UPDATE OR IGNORE scenes SET slot = ?",
+    "UPDATE layouts SET description = ?", "UPDATE contents SET data = ?",
+    "UPDATE contents SET checksum = ?",   "UPDATE contents SET layout = ?",
+    "UPDATE scenes SET title = ?",        "UPDATE scenes SET stored = ?",
+    "UPDATE scenes SET protected = ?",    "UPDATE OR IGNORE scenes SET slot = ?",
 };
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t size)
 {
-    fuzz::start();
-    static auto &memory = *new ParameterMemory;
-    static const bool loaded = memory.load(ParameterMemory::builtInModel());
+    ParameterMemory &memory = fuzz::memory();
     static const ParameterSnapshot sound = memory.snapshot();
     static const QTemporaryDir folder;
     static const QString name = folder.filePath(QStringLiteral("scenes.sqlite"));
-    fuzz::require(loaded);
     const fuzz::Input input{data, size};
     const QByteArray bytes = input.rest().bytes();
     if (const auto layout = ParameterLayout::fromDescription(bytes)) {
