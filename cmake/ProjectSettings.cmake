@@ -42,8 +42,22 @@ target_compile_definitions(console-settings INTERFACE
     QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_STRICT_ITERATORS)
 target_include_directories(console-settings INTERFACE ${PROJECT_SOURCE_DIR})
 
-# The Qt headers that nearly every source includes, parsed once per target.
+# What many sources include, parsed once for the whole tree: Qt has all programs and libraries compiled
+# as position independent code, so the same flags do for all. Definitions must be those of every target
+# that uses it, hence without the mere names of Qt's modules beyond Gui.
+file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/precompiled.cpp CONTENT "")
+add_library(console-precompiled OBJECT EXCLUDE_FROM_ALL ${PROJECT_BINARY_DIR}/precompiled.cpp)
+target_include_directories(console-precompiled PRIVATE
+    $<TARGET_PROPERTY:Qt6::Widgets,INTERFACE_INCLUDE_DIRECTORIES>)
+target_link_libraries(console-precompiled PRIVATE Qt6::Gui console-settings)
+set_target_properties(console-precompiled PROPERTIES AUTOMOC OFF AUTORCC OFF)
+target_precompile_headers(console-precompiled PRIVATE
+    <QAccessible> <QApplication> <QDataStream> <QDir> <QElapsedTimer> <QHash> <QLabel> <QList>
+    <QMouseEvent> <QPainter> <QPointer> <QRegularExpression> <QTimer> <QUndoStack> <QVariant> <QWidget>
+    <algorithm> <array> <atomic> <chrono> <cmath> <functional> <map> <memory> <optional> <thread>
+    <vector>)
+
+# console_precompile(TARGET): for targets that link Qt6::Gui and console-settings.
 function(console_precompile target)
-    target_precompile_headers(${target} PRIVATE <QWidget> <QPainter> <QString> <QVariant> <QList>
-        <QHash> <QPointer> <QDataStream> <QEvent> <QApplication> <memory> <atomic> <cmath>)
+    target_precompile_headers(${target} REUSE_FROM console-precompiled)
 endfunction()
