@@ -68,15 +68,15 @@ public:
     bool report() const;
 
 private:
-    bool reportStalls() const;
     void post();
     void step();
     void check();
+    void setUpAgain();
     void measure();
     /// In a soak of some minutes.
-    void setUpAgain();
     bool isGrowthKnown() const { return m_duration >= 2 * Minute; }
     bool reportMemory() const;
+    bool reportStalls() const;
 
     ParameterMemory &m_memory;
     SceneLibrary &m_library;
