@@ -165,7 +165,10 @@ void SoakRun::check()
                             || m_sinceMeasure.hasExpired(BetweenMeasures);
     if (measureDue)
         setUpAgain();
+    const qsizetype told = m_checker.lines().size();
     m_checker.check();
+    for (const QString &line : m_checker.lines().mid(told))
+        print(line);
     if (measureDue)
         measure();
     m_checking = false;
@@ -202,8 +205,6 @@ void SoakRun::measure()
 
 bool SoakRun::report() const
 {
-    for (const QString &line : m_checker.lines())
-        print(line);
     print(QStringLiteral("Operations: %1 of the operator, %2 around; changes of the console: %3")
               .arg(m_operator.operations())
               .arg(m_stagehand.operations())

@@ -55,6 +55,7 @@ const Stagehand::Deed Stagehand::deeds[] = {
 
 void Stagehand::act()
 {
+    m_opening.reset();
     MainWindow *window = m_windows.window(m_dice.below(m_windows.count()));
     if (!window) {
         openAll();
@@ -90,13 +91,11 @@ void Stagehand::openAll()
     for (int number = 0; number < m_windows.count(); ++number) {
         if (m_windows.window(number))
             continue;
-        const StallWatch::Pause pause(m_watch);
+        m_opening = std::make_unique<StallWatch::Pause>(m_watch);
         QElapsedTimer clock;
         clock.start();
         m_windows.open(number);
-        // The controls' first values belong to it, and the first paint.
-        QCoreApplication::sendPostedEvents();
-        m_windows.window(number)->repaint();
+        QCoreApplication::sendPostedEvents(); // the controls' first values belong to it
         m_longestOpening = std::max(m_longestOpening, clock.elapsed());
     }
 }

@@ -2,15 +2,17 @@
 #pragma once
 
 #include "console/Dice.h"
+#include "editor/soak/StallWatch.h"
 
 #include <QPointer>
 #include <QWidget>
+
+#include <memory>
 
 class MainWindow;
 class ParameterMemory;
 class SimulatedConsole;
 class SoakWindows;
-class StallWatch;
 
 /// What happens around an operator: windows are resized, moved, covered, hidden, closed and opened
 /// again, pages are turned and scrolled, channels chosen and patched, panels switched off, the console
@@ -20,7 +22,7 @@ class StallWatch;
 class Stagehand
 {
 public:
-    /// While a window is opened, `watch` pauses.
+    /// While a window is opened, laid out and painted for the first time, `watch` pauses.
     Stagehand(SoakWindows &windows, ParameterMemory &memory, SimulatedConsole &console,
               StallWatch &watch, std::uint32_t seed);
     ~Stagehand();
@@ -69,6 +71,7 @@ private:
     SimulatedConsole &m_console;
     StallWatch &m_watch;
     Dice m_dice;
+    std::unique_ptr<StallWatch::Pause> m_opening; ///< until the next deed
     QPointer<QWidget> m_cover;
     const char *m_deed = "";
     qint64 m_operations = 0;

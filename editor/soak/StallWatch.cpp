@@ -126,8 +126,10 @@ bool StallWatch::event(QEvent *event)
     if (event->type() != QEvent::User)
         return QObject::event(event);
     const Times answered = now();
+    // Threads that have ended no longer count.
     const Stall stall{m_doing, answered.clock - m_asked.clock, answered.running - m_asked.running,
-                      answered.kept - m_asked.kept, answered.othersKept - m_asked.othersKept, 0};
+                      answered.kept - m_asked.kept,
+                      std::max(0.0, answered.othersKept - m_asked.othersKept), 0};
     m_last.stopped = m_stopped;
     if (!m_last.doing.empty())
         note(m_last);
