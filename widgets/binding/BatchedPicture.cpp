@@ -3,6 +3,8 @@
 
 #include "widgets/binding/PaintBatch.h"
 
+#include <QPaintEvent>
+
 namespace {
 bool enabled = true;
 } // namespace
@@ -23,10 +25,17 @@ void BatchedPicture::changed()
         m_widget.update();
 }
 
-void BatchedPicture::paintBegins(const QPainter &painter, const QPaintEvent &event)
+BatchedPicture::Painted BatchedPicture::paintBegins(const QPainter &painter,
+                                                    const QPaintEvent &event)
 {
+    const QImage *store = Ground::storeBehind(m_widget, painter);
+    if (!store)
+        return Painted::Elsewhere;
     if (enabled && !m_widget.testAttribute(Qt::WA_OpaquePaintEvent))
-        m_ground.take(m_widget, painter, event);
+        m_ground.take(m_widget, *store, event);
+    const QRegion &region = event.region();
+    const bool all = region.rectCount() == 1 && region.boundingRect().contains(m_widget.rect());
+    return all ? Painted::All : Painted::Part;
 }
 
 bool BatchedPicture::isPossible()

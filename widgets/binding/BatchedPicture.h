@@ -30,7 +30,7 @@ public:
         /// Whether the control's present picture can be drawn so.
         bool (*isPossible)(const QWidget &);
         /// Copies what `draw` would draw, if that is only cells that hide what is below; false if it
-        /// has to be drawn.
+        /// has to be drawn. What the window holds of the control already may be left out.
         bool (*copy)(QWidget &, StorePixels &);
         /// Draws the control at the painter's origin: every pixel of its rectangle (a translucent one:
         /// over what is behind it) and none beyond. Leaves the painter as it was.
@@ -49,8 +49,14 @@ public:
     /// The picture has changed: it is drawn before the event loop waits again.
     void changed();
 
+    /// What a paint event changes.
+    enum class Painted {
+        All,       ///< all that the window holds of the control for the screen
+        Part,      ///< of that
+        Elsewhere, ///< another picture, such as one of grab()
+    };
     /// First thing in a paint event: keeps what is behind the control, if it is translucent.
-    void paintBegins(const QPainter &painter, const QPaintEvent &event);
+    Painted paintBegins(const QPainter &painter, const QPaintEvent &event);
 
     /// Objects of exactly that class are drawn the same way.
     void drawsLike(const std::type_info &drawn) { m_drawn = &drawn; }

@@ -11,16 +11,6 @@
 
 namespace {
 
-/// The image that is painted, if it is what the control's window shows.
-const QImage *storeBehind(const QWidget &control, const QPainter &painter)
-{
-    const QBackingStore *store = control.window()->backingStore();
-    QPaintDevice *device = painter.paintEngine() ? painter.paintEngine()->paintDevice() : nullptr;
-    const bool isStore = store && device && device->devType() == QInternal::Image
-                         && device == const_cast<QBackingStore *>(store)->paintDevice();
-    return isStore ? static_cast<const QImage *>(device) : nullptr;
-}
-
 /// The rectangle in pixels of the store; nothing where it ends between pixels.
 std::optional<QRect> inPixels(const QRect &rect, qreal ratio)
 {
@@ -32,23 +22,29 @@ std::optional<QRect> inPixels(const QRect &rect, qreal ratio)
 
 } // namespace
 
-void Ground::take(const QWidget &control, const QPainter &painter, const QPaintEvent &event)
+const QImage *Ground::storeBehind(const QWidget &control, const QPainter &painter)
 {
-    const QImage *store = storeBehind(control, painter);
-    if (!store)
-        return;
+    const QBackingStore *store = control.window()->backingStore();
+    QPaintDevice *device = painter.paintEngine() ? painter.paintEngine()->paintDevice() : nullptr;
+    const bool isStore = store && device && device->devType() == QInternal::Image
+                         && device == const_cast<QBackingStore *>(store)->paintDevice();
+    return isStore ? static_cast<const QImage *>(device) : nullptr;
+}
+
+void Ground::take(const QWidget &control, const QImage &store, const QPaintEvent &event)
+{
     const QRect place(control.mapTo(control.window(), QPoint(0, 0)), control.size());
-    const auto pixels = inPixels(place, store->devicePixelRatio());
-    if (!pixels || !store->rect().contains(*pixels)) {
+    const auto pixels = inPixels(place, store.devicePixelRatio());
+    if (!pixels || !store.rect().contains(*pixels)) {
         forget();
     } else if (event.region().rectCount() == 1 && event.rect().contains(control.rect())) {
-        m_picture = store->copy(*pixels);
+        m_picture = store.copy(*pixels);
     } else if (isKnown()) {
         // Outside the event's region the store has the control's own picture.
         QPainter part(&m_picture);
         part.setClipRegion(event.region());
         part.setCompositionMode(QPainter::CompositionMode_Source);
-        part.drawImage(QPointF(0, 0), *store, *pixels);
+        part.drawImage(QPointF(0, 0), store, *pixels);
     }
 }
 

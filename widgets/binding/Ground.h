@@ -13,8 +13,11 @@ class QWidget;
 class Ground
 {
 public:
-    /// The control's paint event begins; `painter` has painted nothing yet.
-    void take(const QWidget &control, const QPainter &painter, const QPaintEvent &event);
+    /// The image that is painted, if it is what the control's window shows; else null.
+    static const QImage *storeBehind(const QWidget &control, const QPainter &painter);
+
+    /// The control's paint event begins; `painter` has painted nothing yet into `store`.
+    void take(const QWidget &control, const QImage &store, const QPaintEvent &event);
     /// Another ground is there, or may be.
     void forget() { m_picture = {}; }
 

@@ -103,6 +103,7 @@ void CMeter::pictureChanged()
 void CMeter::refreshPicture()
 {
     d->pictureStale = true;
+    d->inStore.reset();
     setOpacity();
     pictureChanged();
 }
@@ -133,7 +134,11 @@ bool CMeter::event(QEvent *event)
 void CMeter::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
-    d->batched.paintBegins(painter, *event);
+    switch (d->batched.paintBegins(painter, *event)) {
+    case BatchedPicture::Painted::All: d->inStore = d->bands(*this); break;
+    case BatchedPicture::Painted::Part: d->inStore.reset(); break;
+    case BatchedPicture::Painted::Elsewhere: break;
+    }
     repaintScreenPrimitive(painter);
 }
 
@@ -147,18 +152,27 @@ bool CMeter::isDrawnPlainly(const QWidget &widget)
 
 bool CMeter::copyPicture(QWidget &widget, StorePixels &pixels)
 {
-    const auto &meter = static_cast<CMeter &>(widget);
-    const Private &d = *meter.d;
+    auto &meter = static_cast<CMeter &>(widget);
+    Private &d = *meter.d;
     if (!d.hidesAll || d.unlit.isNull() || meter.value() < 0)
         return false;
-    const MeterPicture::Blits blits = d.picture.blits(meter.size(), d.bands(meter));
+    const MeterBands bands = d.bands(meter);
+    const QRect changed = d.inStore
+        ? d.picture.part(meter.size(), MeterPicture::difference(*d.inStore, bands))
+        : meter.rect();
+    d.inStore = bands;
+    const MeterPicture::Blits blits = d.picture.blits(meter.size(), bands);
     return std::all_of(blits.cbegin(), blits.cend(), [&](const MeterPicture::Blit &each) {
+        const QRect part = each.part & changed;
         const QPixmap &picture = each.lit ? d.lit : d.unlit;
-        return pixels.copy(each.part.topLeft(), picture, inPixels(each.part, picture).toRect());
+        return part.isEmpty()
+               || pixels.copy(part.topLeft(), picture, inPixels(part, picture).toRect());
     });
 }
 
 void CMeter::drawPicture(QWidget &meter, QPainter &painter)
 {
-    static_cast<CMeter &>(meter).repaintScreenPrimitive(painter);
+    auto &drawn = static_cast<CMeter &>(meter);
+    drawn.d->inStore.reset(); // something has to be computed: whole each time
+    drawn.repaintScreenPrimitive(painter);
 }

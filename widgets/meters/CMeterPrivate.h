@@ -7,6 +7,7 @@
 #include "widgets/meters/MeterPicture.h"
 
 #include <atomic>
+#include <optional>
 
 struct CMeter::Private
 {
@@ -49,6 +50,7 @@ struct CMeter::Private
     // Of the main thread.
     MeterPicture picture;
     MeterBands shownBands;
+    std::optional<MeterBands> inStore; ///< how the window has it for the screen, if all of one look
     QPixmap lit;
     QPixmap unlit;
     ErasePixmap erase;

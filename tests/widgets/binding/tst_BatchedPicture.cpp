@@ -5,6 +5,7 @@
 #include "widgets/binding/BatchedPicture.h"
 #include "widgets/binding/DrawnRegion.h"
 #include "widgets/controls/CDial.h"
+#include "widgets/meters/CMeter.h"
 
 #include <QBackingStore>
 #include <QGraphicsColorizeEffect>
@@ -75,6 +76,12 @@ QImage seen(const QWidget &window)
         ->convertToFormat(QImage::Format_RGB32);
 }
 
+/// What painting it anew would show; the window keeps what it holds.
+QImage due(QWidget &window)
+{
+    return window.grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
 /// The same after everything was painted.
 QImage paintedAnew(QWidget &window)
 {
@@ -139,6 +146,35 @@ private:
     int m_paints = 0;
 };
 
+/// Meters beside the dials, of one size.
+struct MeterScene : Scene
+{
+    explicit MeterScene(int count) : Scene(false)
+    {
+        lit.setDevicePixelRatio(unlit.devicePixelRatio());
+        lit.fill(Qt::yellow);
+        for (int number = 0; number < count; ++number) {
+            auto *meter = meters.emplace_back(new CMeter(&panel));
+            meter->setMeterBgndImage(unlit);
+            meter->setMeterImage(lit);
+            meter->move(40 * number, 60);
+            meter->show();
+        }
+        settle();
+    }
+
+    const QPixmap unlit = teststrip::make(1, 25, {12, 4}, window.devicePixelRatio() >= 2 ? 2 : 1);
+    QPixmap lit{unlit.size()};
+    QList<CMeter *> meters;
+};
+
+/// A reading, and a peak that is greater by so much.
+void read(CMeter &meter, int level, int more = 0)
+{
+    const Q_UINT8 bytes[] = {0, Q_UINT8(level), 0, Q_UINT8(std::min(127, level + more))};
+    meter.process(bytes, CMeter::Refresh, 0);
+}
+
 using Prepare = std::function<void(Scene &)>;
 
 void raiseFrameOver(Scene &scene, QWidget *parent)
@@ -167,6 +203,8 @@ private Q_SLOTS:
     void diesWhileItWaits();
     void staysRightInAGraphicsScene();
     void allThatIsDrawnReachesTheScreen();
+    void aMeterIsDrawnWhereItChanged();
+    void aHardLifeLeavesMetersRight();
     void aHardLifeLeavesTheScreenRight_data();
     void aHardLifeLeavesTheScreenRight();
 };
@@ -345,6 +383,66 @@ void tst_BatchedPicture::allThatIsDrawnReachesTheScreen()
         }
         QVERIFY((exact - drawn.region()).isEmpty());
         QVERIFY(drawn.region().rectCount() <= 64);
+    }
+}
+
+/// Only the difference to what the window holds is drawn, so that has to be known at all times.
+void tst_BatchedPicture::aMeterIsDrawnWhereItChanged()
+{
+    MeterScene scene(1);
+    CMeter &meter = *scene.meters.first();
+    // What is painted while a part is covered, is painted in parts.
+    read(meter, 20);
+    scene.settle();
+    QWidget cover(&scene.panel);
+    cover.setAutoFillBackground(true);
+    cover.setGeometry(meter.geometry().adjusted(0, 30, 0, -30));
+    cover.show();
+    scene.settle();
+    read(meter, 120);
+    scene.settle();
+    cover.hide();
+    scene.settle();
+    read(meter, 60);
+    scene.settle();
+    QCOMPARE(seen(scene.window), due(scene.window));
+    // What is painted elsewhere is not in the window.
+    read(meter, 110);
+    scene.window.grab();
+    scene.settle();
+    QCOMPARE(seen(scene.window), due(scene.window));
+}
+
+/// As above, and nothing here paints the whole window but what moves it.
+void tst_BatchedPicture::aHardLifeLeavesMetersRight()
+{
+    MeterScene scene(6);
+    const QList<CMeter *> &meters = scene.meters;
+    const QPixmap lit = scene.lit;
+    const QPixmap unlit = scene.unlit;
+    QRandomGenerator dice(815);
+    const auto any = [&](int count) { return int(dice.bounded(count)); };
+    for (int step = 0; step < 3000; ++step) {
+        CMeter &meter = *meters[any(int(meters.size()))];
+        switch (any(24)) {
+        case 0: meter.move(20 * any(6), 40 + any(40)); break;
+        case 1: meter.raise(); break;
+        case 2: meter.lower(); break;
+        case 3: meter.setVisible(!meter.isVisible()); break;
+        case 4: scene.panel.move(any(60), any(60)); break;
+        case 5: scene.panel.update(any(200), any(100), 30, 30); break;
+        case 6: scene.panel.scroll(any(9) - 4, any(9) - 4); break;
+        case 7: meter.setMeterBgndImage(any(2) ? lit : unlit); break;
+        case 8: meter.update(3, any(80), 5, 20); break;
+        case 9: scene.window.resize(380 + any(40), 280 + any(40)); break;
+        default: read(meter, any(128), any(30)); break;
+        }
+        if (any(3) > 0)
+            QApplication::processEvents();
+        if (any(4) > 0)
+            continue;
+        scene.settle();
+        QVERIFY2(seen(scene.window) == due(scene.window), qPrintable(QString::number(step)));
     }
 }
 
