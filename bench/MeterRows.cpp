@@ -38,6 +38,7 @@ void requireSamePictures(OwnPage &own, IdealPage &ideal)
 
 Measurement comparePages(With with)
 {
+    const OneProcessor here;
     OwnPage own(with);
     IdealPage ideal(with);
     requireSamePictures(own, ideal);
@@ -47,6 +48,7 @@ Measurement comparePages(With with)
 
 Measurement compareWithAll(Changing changing)
 {
+    const OneProcessor here;
     OwnPage page(With::MetersAlone);
     OwnPage all(With::MetersAlone);
     return rounds::compare(

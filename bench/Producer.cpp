@@ -10,6 +10,21 @@ double threadSeconds()
     return double(now.tv_sec) + 1e-9 * double(now.tv_nsec);
 }
 
+OneProcessor::OneProcessor()
+{
+    cpu_set_t present;
+    CPU_ZERO(&present);
+    CPU_SET(sched_getcpu(), &present);
+    if (sched_getaffinity(0, sizeof m_before, &m_before) != 0
+        || sched_setaffinity(0, sizeof present, &present) != 0)
+        qFatal("the thread cannot be kept on a processor");
+}
+
+OneProcessor::~OneProcessor()
+{
+    sched_setaffinity(0, sizeof m_before, &m_before);
+}
+
 Producer::~Producer()
 {
     m_work = nullptr;

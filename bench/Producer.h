@@ -4,10 +4,24 @@
 #include <QSemaphore>
 
 #include <functional>
+#include <sched.h>
 #include <thread>
 
 /// Processor time of the calling thread, in seconds.
 double threadSeconds();
+
+/// Keeps this thread, and those that it starts meanwhile, on one processor. Where the cost of a frame is
+/// compared, it must not depend on where the system happens to put the thread that brings the readings.
+class OneProcessor
+{
+public:
+    OneProcessor();
+    ~OneProcessor();
+    Q_DISABLE_COPY_MOVE(OneProcessor)
+
+private:
+    cpu_set_t m_before;
+};
 
 /// A thread that does a piece of work when told.
 class Producer
