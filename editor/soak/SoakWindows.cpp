@@ -8,6 +8,25 @@
 #include <QRegularExpression>
 #include <QScrollArea>
 
+namespace {
+
+constexpr qsizetype MostInAPiece = 300; // widgets, which take some milliseconds
+
+/// A form has thousands of widgets: the operator goes on between the pieces.
+void deleteInPieces(QWidget *form)
+{
+    const auto parts = form->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
+    for (QWidget *part : parts) {
+        if (part->findChildren<QWidget *>().size() > MostInAPiece)
+            deleteInPieces(part);
+        else
+            part->deleteLater();
+    }
+    form->deleteLater();
+}
+
+} // namespace
+
 SoakWindows::SoakWindows(ParameterMemory &memory, SimulatedConsole &console, SceneLibrary &library,
                          const QStringList &forms)
     : m_memory(memory), m_console(console), m_library(library), m_forms(forms),
@@ -35,9 +54,8 @@ void SoakWindows::close(int number)
 {
     MainWindow *window = m_windows[static_cast<size_t>(number)].release();
     window->hide();
-    // One page after the other: the operator goes on meanwhile.
-    for (int page = window->pages().count() - 1; page >= 0; --page)
-        window->pages().page(page)->deleteLater();
+    for (int page = 0; page < window->pages().count(); ++page)
+        deleteInPieces(window->pages().page(page)->widget());
     window->deleteLater();
 }
 

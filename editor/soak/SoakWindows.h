@@ -32,7 +32,7 @@ public:
     MainWindow *tabbed() const { return window(count() - 1); }
 
     void open(int number);
-    /// The window goes, and then all its controls, when the event loop comes round.
+    /// The window goes, and then all its controls, some each time the event loop comes round.
     void close(int number);
     void openAll();
 
