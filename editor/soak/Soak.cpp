@@ -96,6 +96,7 @@ private:
     qint64 m_stepCount = 0;
     qint64 m_minute = 0; ///< for which memory was last told
     QElapsedTimer m_sinceMeasure;
+    qint64 m_peakAtStart = 0;
     MemoryUse m_first; ///< after the first minute
     MemoryUse m_last;
     Growth m_resident;
@@ -115,6 +116,7 @@ void SoakRun::run()
     QTimer pulse;
     pulse.setTimerType(Qt::PreciseTimer);
     QObject::connect(&pulse, &QTimer::timeout, &m_steps, [this] { post(); });
+    m_peakAtStart = MemoryUse::peak();
     m_watch.startAnew();
     pulse.start(StepMilliseconds);
     m_loop.exec();
@@ -222,9 +224,10 @@ bool SoakRun::report() const
 
 bool SoakRun::reportMemory() const
 {
-    print(QStringLiteral("Memory: %1 MB resident at the end, %2 MB of it allocated; peak %3 MB")
+    print(QStringLiteral("Memory: %1 MB resident at the end, %2 MB of it allocated; peak %3 MB at the start, "
+                         "%4 MB at the end")
               .arg(megabytes(m_last.resident), megabytes(m_last.allocated),
-                   megabytes(MemoryUse::peak())));
+                   megabytes(m_peakAtStart), megabytes(MemoryUse::peak())));
     if (!isGrowthKnown()) {
         print(QStringLiteral("Its growth is not judged in so short a soak"));
         return true;
