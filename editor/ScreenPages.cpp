@@ -49,10 +49,10 @@ ScreenPages::ScreenPages(ParameterMemory &memory, QWidget *parent)
 {
     auto *turn = new PageTurn(*this);
     auto *bar = new QTabBar(this);
-    // Before the tab widget hears of it.
+    // Before the tab widget hears of it, and after.
     connect(bar, &QTabBar::currentChanged, turn, &PageTurn::begin);
     setTabBar(bar);
-    connect(this, &QTabWidget::currentChanged, turn, &PageTurn::end);
+    connect(bar, &QTabBar::currentChanged, turn, &PageTurn::end);
     setDocumentMode(true);
 }
 
