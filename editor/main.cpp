@@ -23,10 +23,6 @@
 
 #include <cstdio>
 
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
-
 namespace {
 
 constexpr int Success = 0;
@@ -53,18 +49,6 @@ bool hasDisplay()
     return !qEnvironmentVariableIsEmpty("DISPLAY")
            || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
            || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
-}
-
-/// Pictures as large as windows get memory of their own, which goes back to the system with them. By itself
-/// glibc learns from the first that goes to keep the next ones among everything else, where they leave gaps.
-void keepLargePicturesApart()
-{
-#ifdef __GLIBC__
-    constexpr int large = 512 * 1024;
-    constexpr int keptForLater = 16 * 1024 * 1024;
-    mallopt(M_MMAP_THRESHOLD, large);
-    mallopt(M_TRIM_THRESHOLD, keptForLater);
-#endif
 }
 
 /// What has to be in place before there is an application.
@@ -217,7 +201,6 @@ int main(int argc, char **argv)
                         : early.error);
     }
     prepareEnvironment(early);
-    keepLargePicturesApart();
     QApplication application(argc, argv);
     QApplication::setApplicationName("console-editor");
     QApplication::setApplicationVersion(CONSOLEWIDGETS_VERSION);
