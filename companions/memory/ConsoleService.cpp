@@ -29,11 +29,11 @@ void ConsoleService::tick()
     // A GUI thread that is busy for long finds one tick waiting, not hundreds.
     if (m_tickPending.exchange(true, std::memory_order_acq_rel))
         return;
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            m_tickPending.exchange(false, std::memory_order_acq_rel);
-            Q_EMIT frequentServiceEvent();
-        },
-        Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &ConsoleService::announceTick, Qt::QueuedConnection);
+}
+
+void ConsoleService::announceTick()
+{
+    m_tickPending.exchange(false, std::memory_order_acq_rel);
+    Q_EMIT frequentServiceEvent();
 }

@@ -42,6 +42,7 @@ Q_SIGNALS:
 
 private:
     void announceConnection();
+    void announceTick();
 
     BlinkClock m_blinkClock;
     std::atomic<int> m_connection{0};
