@@ -34,8 +34,8 @@ constexpr double LongestStall = 50;
 /// Changes per second of the simulated console, unless told otherwise.
 constexpr double FullRate = 10000;
 /// What allocated memory may grow by after the first minute, in bytes, by the line through all samples:
-/// they differ by what is on its way just then.
-constexpr qint64 MostGrowth = 4 * 1024 * 1024;
+/// they differ by some megabytes, by what is shown and which controls have been off.
+constexpr qint64 MostGrowth = 8 * 1024 * 1024;
 /// The same of resident memory. Windows that come and go leave gaps between what is used: 10 to 20 MB,
 /// which are there early in one soak and late in another.
 constexpr qint64 MostResidentGrowth = 24 * 1024 * 1024;

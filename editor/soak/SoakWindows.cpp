@@ -12,17 +12,17 @@ namespace {
 
 constexpr qsizetype MostInAPiece = 300; // widgets, which take some milliseconds
 
-/// A form has thousands of widgets: the operator goes on between the pieces.
-void deleteInPieces(QWidget *form)
+/// The parts of a form of thousands of widgets, innermost first, and the form.
+void takeApart(QWidget *form, std::deque<QPointer<QWidget>> &pieces)
 {
     const auto parts = form->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
     for (QWidget *part : parts) {
         if (part->findChildren<QWidget *>().size() > MostInAPiece)
-            deleteInPieces(part);
+            takeApart(part, pieces);
         else
-            part->deleteLater();
+            pieces.emplace_back(part);
     }
-    form->deleteLater();
+    pieces.emplace_back(form);
 }
 
 } // namespace
@@ -32,9 +32,14 @@ SoakWindows::SoakWindows(ParameterMemory &memory, SimulatedConsole &console, Sce
     : m_memory(memory), m_console(console), m_library(library), m_forms(forms),
       m_windows(static_cast<size_t>(forms.size()) + 1)
 {
+    QObject::connect(&m_clearing, &QTimer::timeout, [this] { clearAPiece(); });
 }
 
-SoakWindows::~SoakWindows() = default;
+SoakWindows::~SoakWindows()
+{
+    while (!m_leaving.empty())
+        clearAPiece();
+}
 
 void SoakWindows::open(int number)
 {
@@ -55,8 +60,17 @@ void SoakWindows::close(int number)
     MainWindow *window = m_windows[static_cast<size_t>(number)].release();
     window->hide();
     for (int page = 0; page < window->pages().count(); ++page)
-        deleteInPieces(window->pages().page(page)->widget());
-    window->deleteLater();
+        takeApart(window->pages().page(page)->widget(), m_leaving);
+    m_leaving.emplace_back(window);
+    m_clearing.start();
+}
+
+void SoakWindows::clearAPiece()
+{
+    delete m_leaving.front();
+    m_leaving.pop_front();
+    if (m_leaving.empty())
+        m_clearing.stop();
 }
 
 void SoakWindows::openAll()

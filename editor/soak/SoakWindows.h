@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QPointer>
 #include <QSize>
 #include <QStringList>
+#include <QTimer>
+#include <QWidget>
 
+#include <deque>
 #include <memory>
 #include <vector>
 
 class MainWindow;
 class ParameterMemory;
-class QWidget;
 class SceneLibrary;
 class SimulatedConsole;
 
@@ -32,7 +35,8 @@ public:
     MainWindow *tabbed() const { return window(count() - 1); }
 
     void open(int number);
-    /// The window goes, and then all its controls, some each time the event loop comes round.
+    /// The window goes, and then all its controls, a piece each time the event loop comes round: the
+    /// operator goes on meanwhile.
     void close(int number);
     void openAll();
 
@@ -42,9 +46,13 @@ public:
     static QString nameOf(const QWidget &inside);
 
 private:
+    void clearAPiece();
+
     ParameterMemory &m_memory;
     SimulatedConsole &m_console;
     SceneLibrary &m_library;
     QStringList m_forms;
     std::vector<std::unique_ptr<MainWindow>> m_windows;
+    std::deque<QPointer<QWidget>> m_leaving; ///< pieces of closed windows
+    QTimer m_clearing;
 };
