@@ -102,6 +102,7 @@ void StallWatch::run()
 {
     while (!m_stopping) {
         m_asked = now();
+        m_asks = true;
         QCoreApplication::postEvent(this, new QEvent(QEvent::User), Qt::HighEventPriority);
         m_stopped = waitForAnswer();
         std::this_thread::sleep_for(Between);
@@ -123,7 +124,7 @@ double StallWatch::waitForAnswer()
 
 bool StallWatch::event(QEvent *event)
 {
-    if (event->type() != QEvent::User)
+    if (event->type() != QEvent::User || !m_asks.exchange(false))
         return QObject::event(event);
     const Times answered = now();
     // Threads that have ended no longer count.

@@ -88,7 +88,7 @@ private:
     int m_pauses = 0;
     bool m_spoilt = false; ///< a pause fell into the present question
 
-    // Written before a question is posted:
+    std::atomic<bool> m_asks{false}; ///< a question is there, with what follows
     Times m_asked;
     double m_stopped = 0; ///< while the question before that waited
     std::counting_semaphore<> m_answer{0};
