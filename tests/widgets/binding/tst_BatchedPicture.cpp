@@ -201,6 +201,7 @@ private Q_SLOTS:
     void switchedOffEveryPictureIsPainted();
     void hiddenWindowsWait();
     void diesWhileItWaits();
+    void changesWhileItsPanelDies();
     void staysRightInAGraphicsScene();
     void allThatIsDrawnReachesTheScreen();
     void aMeterIsDrawnWhereItChanged();
@@ -347,6 +348,32 @@ void tst_BatchedPicture::diesWhileItWaits()
     for (CDial *dial : std::as_const(scene.dials))
         dial->setValue(6);
     qDeleteAll(std::exchange(scene.dials, {}));
+    scene.settle();
+    QCOMPARE(seen(scene.window), paintedAnew(scene.window));
+}
+
+void tst_BatchedPicture::changesWhileItsPanelDies()
+{
+    Scene scene(false);
+    auto *page = new QWidget(&scene.window);
+    auto *panel = new QWidget(page);
+    page->resize(100, 100);
+    panel->resize(80, 80);
+    auto *first = new CDial(panel);
+    auto *second = new CDial(panel);
+    second->setCombinedImage(strip(false));
+    second->setnSubImages(Rows);
+    second->setRange(0, Rows - 1);
+    second->resize(Cell);
+    page->show();
+    scene.settle();
+    bool changed = false;
+    connect(first, &QObject::destroyed, second, [&] {
+        changed = second->isVisible();
+        second->setValue(second->value() == 3 ? 4 : 3);
+    });
+    delete page;
+    QVERIFY(changed);
     scene.settle();
     QCOMPARE(seen(scene.window), paintedAnew(scene.window));
 }
