@@ -8,7 +8,7 @@
 #include "bench/Scale.h"
 #include "bench/Stage.h"
 #include "companions/memory/ParameterMemory.h"
-#include "widgets/binding/BatchedPicture.h"
+#include "widgets/painting/BatchedPicture.h"
 #include "widgets/controls/CDial.h"
 
 #include <QPainter>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "widgets/binding/BatchedPicture.h"
+#include "widgets/painting/BatchedPicture.h"
 
 /// While it lives, every new picture comes with a paint event, which can be counted.
 class PaintEventsOnly

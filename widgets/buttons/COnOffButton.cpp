@@ -3,9 +3,9 @@
 
 #include "interfaces/utilities/NS_Utilities.h"
 #include "widgets/binding/Binding.h"
-#include "widgets/binding/FocusRing.h"
 #include "widgets/buttons/COnOffButtonPrivate.h"
 #include "widgets/buttons/KeyAccessible.h"
+#include "widgets/painting/FocusRing.h"
 
 #include <QPainter>
 #include <QtMath>
@@ -14,8 +14,8 @@ namespace {
 
 QAccessibleInterface *makeAccessible(const QString &className, QObject *object)
 {
-    auto *key = className == QLatin1String("COnOffButton") ? qobject_cast<COnOffButton *>(object)
-                                                           : nullptr;
+    auto *key =
+        className == QLatin1String("COnOffButton") ? qobject_cast<COnOffButton *>(object) : nullptr;
     return key ? new KeyAccessible(key) : nullptr;
 }
 
@@ -30,8 +30,7 @@ QSize sizeOf(const QPixmap &picture)
 COnOffButton::COnOffButton(QWidget *parent, const char *name)
     : QPushButton(parent), d(std::make_unique<Private>())
 {
-    [[maybe_unused]] static const bool speaks =
-        (QAccessible::installFactory(makeAccessible), true);
+    [[maybe_unused]] static const bool speaks = (QAccessible::installFactory(makeAccessible), true);
     if (name) {
         setObjectName(QLatin1String(name));
         d->look->setCacheName(QLatin1String(name));
@@ -254,10 +253,9 @@ void COnOffButton::cutImages(bool giveUpStrip)
     COnOffButton_PD &look = *d->look;
     if (!look.canCut() || look.shareCount() > 1)
         return;
-    const QPixmap plain = icon().isNull() ? QPixmap()
-                                          : icon().pixmap(iconSize(), devicePixelRatioF());
-    const QSize size = plain.isNull() ? look.cellSize()
-                                      : look.cellSize().expandedTo(sizeOf(plain));
+    const QPixmap plain =
+        icon().isNull() ? QPixmap() : icon().pixmap(iconSize(), devicePixelRatioF());
+    const QSize size = plain.isNull() ? look.cellSize() : look.cellSize().expandedTo(sizeOf(plain));
     setFixedSize(size);
     look.cut(d->category, size, plain);
     if (giveUpStrip && look.categories == 1)

@@ -3,11 +3,11 @@
 
 #include "interfaces/utilities/NS_Utilities.h"
 #include "widgets/binding/Binding.h"
-#include "widgets/binding/FocusRing.h"
 #include "widgets/binding/PendingEmissions.h"
 #include "widgets/buttons/CMenuObject.h"
 #include "widgets/buttons/MenuItems.h"
 #include "widgets/buttons/PullDownAccessible.h"
+#include "widgets/painting/FocusRing.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -43,7 +43,8 @@ struct CPullDownMenu::Private
     /// The picture of the current position, in pixels of the strip.
     QRect cell() const
     {
-        return NS_Utilities::partialPixmapRect({0, currentIndex}, image, {1, std::max(1, imageCount)});
+        return NS_Utilities::partialPixmapRect({0, currentIndex}, image,
+                                               {1, std::max(1, imageCount)});
     }
     /// What the current position means in memory.
     int value(int memoryPosition) const
@@ -414,11 +415,12 @@ void CPullDownMenu::drawText(QPainter &painter)
     option.state.setFlag(QStyle::State_On, isOpen());
     option.subControls = QStyle::SC_ComboBoxFrame | QStyle::SC_ComboBoxArrow;
     style()->drawComplexControl(QStyle::CC_ComboBox, &option, &painter, this);
-    const QRect field = style()->subControlRect(QStyle::CC_ComboBox, &option,
-                                                QStyle::SC_ComboBoxEditField, this)
-                            .adjusted(TextIndent, 0, 0, 0);
-    const QString shown = fontMetrics().elidedText(text().simplified(), Qt::ElideRight,
-                                                   field.width());
+    const QRect field =
+        style()
+            ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this)
+            .adjusted(TextIndent, 0, 0, 0);
+    const QString shown =
+        fontMetrics().elidedText(text().simplified(), Qt::ElideRight, field.width());
     style()->drawItemText(&painter, field, int(alignment()), palette(), isEnabled(), shown,
                           QPalette::ButtonText);
 }
@@ -438,8 +440,8 @@ QSize CPullDownMenu::sizeHint() const
     if (d->widestText < 0) {
         d->widestText = 0;
         for (int item = 0; item < d->items.count(); ++item)
-            d->widestText = std::max(d->widestText,
-                                     fontMetrics().horizontalAdvance(d->items.item(item)));
+            d->widestText =
+                std::max(d->widestText, fontMetrics().horizontalAdvance(d->items.item(item)));
     }
     QStyleOptionComboBox option;
     option.initFrom(this);

@@ -3,9 +3,9 @@
 
 #include "interfaces/utilities/NS_Utilities.h"
 #include "widgets/binding/Binding.h"
-#include "widgets/binding/ErasePixmap.h"
 #include "widgets/binding/ShownTextAccessible.h"
 #include "widgets/binding/TCacheServer.h"
+#include "widgets/painting/ErasePixmap.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -170,9 +170,11 @@ QPixmap StateDisplayWidget::erasePixmap()
     // Displays without a name have nothing in common.
     const QString key = scope.isEmpty() || objectName().isEmpty()
                             ? QString()
-                            : scope + QStringLiteral("tv9k-StateDisplayWidget-%1%2")
-                                          .arg(objectName(), QString::number(pixmapId(d->value)));
-    return d->erase.pixmap(*this, key, [this](QPainter &painter) { repaintScreenPrimitive(painter); });
+                            : scope
+                                  + QStringLiteral("tv9k-StateDisplayWidget-%1%2")
+                                        .arg(objectName(), QString::number(pixmapId(d->value)));
+    return d->erase.pixmap(*this, key,
+                           [this](QPainter &painter) { repaintScreenPrimitive(painter); });
 }
 
 void StateDisplayWidget::polish()
@@ -191,14 +193,11 @@ bool StateDisplayWidget::event(QEvent *event)
 {
     const bool handled = QFrame::event(event);
     switch (event->type()) {
-    case QEvent::Polish:
-        polish();
-        [[fallthrough]];
+    case QEvent::Polish: polish(); [[fallthrough]];
     case QEvent::StyleChange:
         setAttribute(Qt::WA_OpaquePaintEvent, d->hasCells() && !d->combinedImage.hasAlphaChannel());
         break;
-    default:
-        break;
+    default: break;
     }
     return handled;
 }

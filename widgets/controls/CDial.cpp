@@ -4,9 +4,10 @@
 #include "interfaces/utilities/NS_Utilities.h"
 #include "widgets/binding/Binding.h"
 #include "widgets/binding/BoundAccessible.h"
-#include "widgets/binding/FocusRing.h"
 #include "widgets/binding/TCacheServer.h"
 #include "widgets/controls/CDialPrivate.h"
+#include "widgets/painting/FocusRing.h"
+#include "widgets/painting/Picture.h"
 
 #include <QPainter>
 
@@ -38,8 +39,7 @@ QString cacheKey(const QWidget &dial, int row)
 CDial::CDial(QWidget *parent, const char *name)
     : UnboundDial(parent, UnboundMinimum, UnboundMaximum), d(std::make_unique<Private>(*this))
 {
-    [[maybe_unused]] static const bool speaks =
-        (QAccessible::installFactory(makeAccessible), true);
+    [[maybe_unused]] static const bool speaks = (QAccessible::installFactory(makeAccessible), true);
     if (name)
         setObjectName(QLatin1String(name));
     setPageStep(PageStep);
@@ -71,7 +71,6 @@ bool CDial::transparent() const
 void CDial::setTransparent(bool transparent)
 {
     d->transparent = transparent;
-    setAttribute(Qt::WA_OpaquePaintEvent, !transparent);
     refreshImage();
 }
 
@@ -138,7 +137,7 @@ void CDial::setCurrentImage(int category)
 
 void CDial::drawsLikeDial(const std::type_info &subclass)
 {
-    d->batched.drawsLike(subclass);
+    d->drawsLike(subclass);
 }
 
 int CDial::alternativeIndex() const
@@ -207,7 +206,9 @@ int CDial::getAttKnobIndex(int value) const
 
 void CDial::repaintScreenPrimitive(QPainter &painter)
 {
-    d->strip.draw(painter, currentIndex(), isEnabled());
+    Picture picture(size());
+    d->strip.describe(picture, currentIndex(), isEnabled());
+    picture.draw(painter);
 }
 
 void CDial::updateErasePixmap(QPixmap *)
@@ -240,13 +241,14 @@ void CDial::pictureChanged()
         return;
     d->shownPicture = picture;
     updateErasePixmap(nullptr);
-    d->batched.changed();
+    d->changed();
 }
 
 void CDial::refreshImage()
 {
     d->shownPicture = Private::NoPicture;
     d->sharedRow = -1;
+    setOpacity();
     updateGeometry();
     pictureChanged();
 }
@@ -268,40 +270,24 @@ void CDial::initPainter(QPainter *) const {}
 void CDial::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
-    d->batched.paintBegins(painter, *event);
-    drawOnBackground(painter);
+    d->paint(painter, *event);
     if (hasFocus())
         focusring::draw(painter, *this, d->focusColor);
 }
 
-/// Without the focus ring, and with nothing to clip.
-bool CDial::isDrawnPlainly(const QWidget &widget)
+/// Its palette's background fills what the cell leaves free. Before a dial is polished nobody asks.
+void CDial::setOpacity()
 {
-    const auto &dial = static_cast<const CDial &>(widget);
-    return !dial.hasFocus() && dial.d->strip.fits(dial.size());
+    if (testAttribute(Qt::WA_WState_Polished))
+        d->setOpaque(!d->transparent
+                     && (d->strip.covers(size()) || palette().brush(backgroundRole()).isOpaque()));
 }
 
-bool CDial::copyPicture(QWidget &widget, StorePixels &pixels)
+void CDial::Private::describe(Picture &picture) const
 {
-    auto &dial = static_cast<CDial &>(widget);
-    if (!dial.d->strip.covers(dial.size())
-        || !dial.d->strip.copy(pixels, dial.currentIndex(), dial.isEnabled()))
-        return false;
-    dial.shareErasePixmap();
-    return true;
-}
-
-void CDial::drawPicture(QWidget &widget, QPainter &painter)
-{
-    static_cast<CDial &>(widget).drawOnBackground(painter);
-}
-
-void CDial::drawOnBackground(QPainter &painter)
-{
-    if (!d->transparent && !d->strip.covers(size()))
-        painter.fillRect(rect(), palette().brush(backgroundRole()));
-    repaintScreenPrimitive(painter);
-    shareErasePixmap();
+    if (!transparent && !strip.covers(picture.size()))
+        picture.fill(dial.palette().brush(dial.backgroundRole()));
+    strip.describe(picture, dial.currentIndex(), dial.isEnabled());
 }
 
 /// Under a cache server with a caption the cache holds every picture that was painted.
@@ -397,9 +383,11 @@ void CDial::emitValueChanges(bool write)
     Q_EMIT memoryAPIValueChange(stored);
     if (!self || !binding::ready(*this))
         return;
-    const binding::Display shown = d->alternativeMode
-        ? binding::Display{value() == minimum() ? QStringLiteral("OFF") : QStringLiteral("ON"), {}}
-        : binding::display(*this, stored, {minimum(), maximum()});
+    const binding::Display shown =
+        d->alternativeMode
+            ? binding::Display{value() == minimum() ? QStringLiteral("OFF") : QStringLiteral("ON"),
+                               {}}
+            : binding::display(*this, stored, {minimum(), maximum()});
     if (!shown.pixmap.isNull()) {
         Q_EMIT pixmapValueChange(shown.pixmap);
     } else {

@@ -2,15 +2,13 @@
 #pragma once
 
 #include "toolkit/QtTypes.h"
-#include "widgets/Export.h"
 #include "widgets/binding/BoundParameter.h"
 #include "widgets/controls/UnboundDial.h"
+#include "widgets/Export.h"
 
 #include <array>
 #include <memory>
 #include <typeinfo>
-
-class StorePixels;
 
 /// A rotary knob bound to one parameter, drawn from an image strip with one picture per position.
 ///
@@ -187,10 +185,7 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
-    static bool isDrawnPlainly(const QWidget &dial);
-    static bool copyPicture(QWidget &dial, StorePixels &pixels);
-    static void drawPicture(QWidget &dial, QPainter &painter);
-    void drawOnBackground(QPainter &painter);
+    void setOpacity();
     int pictureNumber() const;
     void pictureChanged();
     void refreshImage();

@@ -19,7 +19,8 @@ constexpr int WheelNotch = 120;
 /// The nearest ancestor that is an editor.
 IEditorExtensions *editorAround(const QWidget *control)
 {
-    for (QWidget *ancestor = control->parentWidget(); ancestor; ancestor = ancestor->parentWidget()) {
+    for (QWidget *ancestor = control->parentWidget(); ancestor;
+         ancestor = ancestor->parentWidget()) {
         if (auto *editor = dynamic_cast<IEditorExtensions *>(ancestor))
             return editor;
     }
@@ -95,9 +96,9 @@ double CDial::mousePressMoveTrace(QMouseEvent *event)
 void CDial::mousePressEvent(QMouseEvent *event)
 {
     const bool modified = event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier);
-    const bool outside = d->transparent
-                         && !d->strip.outlineContains(currentIndex(), isEnabled(),
-                                                      event->position().toPoint());
+    const bool outside =
+        d->transparent
+        && !d->strip.outlineContains(currentIndex(), isEnabled(), event->position().toPoint());
     if (d->dragging || event->button() != Qt::LeftButton || modified || outside || disabledUI()) {
         event->ignore();
         return;
@@ -162,7 +163,8 @@ void CDial::drag(QMouseEvent *event)
         // Whole pixels: on scaled screens events come in fractions, which must add up.
         const QPoint point = event->position().toPoint();
         const QPoint moved = point - d->lastPoint;
-        const int change = DialGeometry::straightChange(moved.x() - moved.y(), minimum(), maximum());
+        const int change =
+            DialGeometry::straightChange(moved.x() - moved.y(), minimum(), maximum());
         next = valueAfter(change);
         d->lastPoint = point;
     } else {
@@ -233,17 +235,12 @@ void CDial::keyPressEvent(QKeyEvent *event)
 {
     switch (event->key()) {
     case Qt::Key_Left:
-    case Qt::Key_Down:
-        return subtractLine();
+    case Qt::Key_Down: return subtractLine();
     case Qt::Key_Right:
-    case Qt::Key_Up:
-        return addLine();
-    case Qt::Key_PageUp:
-        return addPage();
-    case Qt::Key_PageDown:
-        return subtractPage();
-    default:
-        break;
+    case Qt::Key_Up: return addLine();
+    case Qt::Key_PageUp: return addPage();
+    case Qt::Key_PageDown: return subtractPage();
+    default: break;
     }
     QDial::keyPressEvent(event);
     if (event->isAccepted() || disabledUI())
@@ -350,24 +347,16 @@ bool CDial::event(QEvent *event)
 {
     const bool handled = QDial::event(event);
     switch (event->type()) {
-    case QEvent::Polish:
-        polish();
-        [[fallthrough]];
+    case QEvent::Polish: polish(); [[fallthrough]];
     case QEvent::StyleChange:
-        // The default style clears the one, though every pixel really is drawn, and sets the other,
-        // though the picture does not depend on the pointer.
+        // The default style sets this, though the picture does not depend on the pointer.
         setAttribute(Qt::WA_Hover, false);
-        setAttribute(Qt::WA_OpaquePaintEvent, !d->transparent);
-        break;
-    case QEvent::Show:
-        d->shownPicture = pictureNumber();
-        break;
+        [[fallthrough]];
+    case QEvent::Resize: setOpacity(); break;
+    case QEvent::Show: d->shownPicture = pictureNumber(); break;
     case QEvent::ParentChange:
-    case QEvent::PaletteChange:
-        refreshImage();
-        break;
-    default:
-        break;
+    case QEvent::PaletteChange: refreshImage(); break;
+    default: break;
     }
     return handled;
 }

@@ -1,22 +1,26 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "widgets/binding/BatchedPicture.h"
-#include "widgets/binding/ErasePixmap.h"
-#include "widgets/binding/ImageStrip.h"
 #include "widgets/binding/PendingEmissions.h"
 #include "widgets/controls/CDial.h"
 #include "widgets/controls/CDialTip.h"
 #include "widgets/controls/DialGeometry.h"
+#include "widgets/painting/BatchedPicture.h"
+#include "widgets/painting/ErasePixmap.h"
+#include "widgets/painting/ImageStrip.h"
 
 #include <QColor>
 #include <QPointer>
 
-struct CDial::Private
+struct CDial::Private : BatchedPicture
 {
-    explicit Private(CDial &dial) : batched(dial, typeid(CDial), drawing) {}
+    explicit Private(CDial &owner) : BatchedPicture(owner, typeid(CDial)), dial(owner) {}
 
-    static constexpr BatchedPicture::Manner drawing{isDrawnPlainly, copyPicture, drawPicture};
+    void describe(Picture &picture) const override;
+    bool isAll() const override { return !dial.hasFocus(); }
+    void drawn() override { dial.shareErasePixmap(); }
+
+    CDial &dial;
 
     static Private &of(CDial &dial) { return *dial.d; }
 
@@ -31,7 +35,6 @@ struct CDial::Private
 
     ImageStrip strip;
     ErasePixmap erase;
-    BatchedPicture batched;
     int sharedRow = -1;
     QColor focusColor;
     QPointer<CDialTip> tip;

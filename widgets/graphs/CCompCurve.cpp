@@ -2,13 +2,13 @@
 #include "widgets/graphs/CCompCurve.h"
 
 #include "widgets/binding/Binding.h"
-#include "widgets/binding/ErasePixmap.h"
 #include "widgets/binding/PendingEmissions.h"
 #include "widgets/binding/ShownTextAccessible.h"
 #include "widgets/graphs/BlockParameters.h"
 #include "widgets/graphs/DynamicsGraph.h"
 #include "widgets/graphs/DynamicsLaw.h"
 #include "widgets/graphs/SegmentPlotter.h"
+#include "widgets/painting/ErasePixmap.h"
 
 #include <QPainter>
 

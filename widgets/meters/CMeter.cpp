@@ -19,7 +19,8 @@ MeterScale CMeter::s_meterLevels_GR_SelCh = MeterScale::reductionSelectedChannel
 MeterScale CMeter::s_meterLevels_GR_Effect = MeterScale::reductionEffect();
 bool CMeter::s_meterLevels_constructed = false;
 
-CMeter::CMeter(QWidget *parent, const char *name) : QWidget(parent), d(std::make_unique<Private>(*this))
+CMeter::CMeter(QWidget *parent, const char *name)
+    : QWidget(parent), d(std::make_unique<Private>(*this))
 {
     ShownTextAccessible<CMeter>::install<QAccessible::Indicator>();
     if (name)
@@ -73,8 +74,8 @@ void CMeter::setupMeterTable()
     if (const MeterScale *scale = scaleOf(selector))
         d->scale = scale;
     const MeterScale &scale = *d->scale;
-    d->picture.setScale(scale, height());
-    d->picture.setKind(reductionMode()          ? MeterPicture::Kind::Reduction
+    d->scaling.setScale(scale, height());
+    d->scaling.setKind(reductionMode()          ? MeterPicture::Kind::Reduction
                        : selector == eMtr_Sigma ? MeterPicture::Kind::Lamp
                                                 : MeterPicture::Kind::Level);
     // Deliberate: a reduction starts one row past its scale, which is drawn as the last one.
@@ -134,7 +135,7 @@ void CMeter::setMeterImage(const QPixmap &picture)
     d->lit = picture;
     if (!picture.isNull()) {
         setFixedSize(picture.deviceIndependentSize().toSize());
-        d->picture.setVertical(picture.width() < picture.height());
+        d->scaling.setVertical(picture.width() < picture.height());
         setupMeterTable();
     }
     refreshPicture();
@@ -153,7 +154,7 @@ bool CMeter::reductionMode() const
 
 int CMeter::available() const
 {
-    return d->picture.isVertical() ? height() : width();
+    return d->scaling.isVertical() ? height() : width();
 }
 
 int CMeter::meterLevelIndex(unsigned short code) const

@@ -12,10 +12,6 @@
 
 #include <memory>
 
-class StorePixels;
-
-struct MeterBands;
-
 /// A bar meter for one of the console's readings: so much of the lit picture over the unlit one as
 /// the level reaches on the selected scale, with a mark for the peak that the console holds. It has
 /// no ballistics of its own. Standing meters grow upwards; meters of a reduction grow from the other
@@ -128,12 +124,8 @@ protected:
 
 private:
     static const MeterScale *scaleOf(EMeterSelector selector);
-    void drawLayers(QPainter &painter, const MeterBands &bands);
     void decode(const Q_UINT8 *bytes);
     void showReading();
-    static bool isDrawnPlainly(const QWidget &meter);
-    static bool copyPicture(QWidget &meter, StorePixels &pixels);
-    static void drawPicture(QWidget &meter, QPainter &painter);
     void pictureChanged();
     void refreshPicture();
     void setOpacity();

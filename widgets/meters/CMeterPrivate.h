@@ -1,19 +1,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "widgets/binding/BatchedPicture.h"
-#include "widgets/binding/ErasePixmap.h"
 #include "widgets/meters/CMeter.h"
 #include "widgets/meters/MeterPicture.h"
+#include "widgets/painting/BatchedPicture.h"
+#include "widgets/painting/ErasePixmap.h"
 
 #include <atomic>
-#include <optional>
 
-struct CMeter::Private
+struct CMeter::Private : BatchedPicture
 {
-    static constexpr BatchedPicture::Manner drawing{isDrawnPlainly, copyPicture, drawPicture};
+    explicit Private(CMeter &owner) : BatchedPicture(owner, typeid(CMeter)), meter(owner) {}
 
-    explicit Private(CMeter &meter) : batched(meter, typeid(CMeter), drawing) {}
+    void describe(Picture &picture) const override;
+    bool isAll() const override { return meter.value() >= 0; }
+
+    CMeter &meter;
 
     /// The last reading, replaced as a whole: by the thread that delivers, and by a reset.
     struct Reading
@@ -48,21 +50,19 @@ struct CMeter::Private
     std::atomic<bool> peakHoldEnabled{true};
 
     // Of the main thread.
-    MeterPicture picture;
+    MeterPicture scaling;
     MeterBands shownBands;
-    std::optional<MeterBands> inStore; ///< how the window has it for the screen, if all of one look
     QPixmap lit;
     QPixmap unlit;
     ErasePixmap erase;
-    BatchedPicture batched;
     int shownPeak = 0;
     bool repaintPending : 1 = true;
     bool pictureStale : 1 = true;
     bool online : 1 = false;
     bool hidesAll : 1 = false; ///< neither picture lets anything through
 
-    MeterBands bands(const CMeter &meter) const
+    MeterBands bands() const
     {
-        return picture.bands(meter.size(), meter.value(), peakHoldEnabled ? shownPeak : -1);
+        return scaling.bands(meter.size(), meter.value(), peakHoldEnabled ? shownPeak : -1);
     }
 };

@@ -2,13 +2,13 @@
 #include "widgets/meters/CPixmapMeter.h"
 
 #include "interfaces/utilities/NS_Utilities.h"
-#include "widgets/binding/BatchedPicture.h"
 #include "widgets/binding/Binding.h"
-#include "widgets/binding/ErasePixmap.h"
 #include "widgets/binding/ShownTextAccessible.h"
-#include "widgets/binding/StorePixels.h"
 #include "widgets/meters/MeterWatch.h"
 #include "widgets/meters/ThresholdTable.h"
+#include "widgets/painting/BatchedPicture.h"
+#include "widgets/painting/ErasePixmap.h"
+#include "widgets/painting/Picture.h"
 
 #include <QPainter>
 
@@ -27,11 +27,11 @@ constexpr char OnlineSlot[] = "1onlineChange( bool )";
 
 } // namespace
 
-struct CPixmapMeter::Private
+struct CPixmapMeter::Private : BatchedPicture
 {
-    static constexpr BatchedPicture::Manner drawing{isDrawnPlainly, copyPicture, drawPicture};
+    explicit Private(CPixmapMeter &meter) : BatchedPicture(meter, typeid(CPixmapMeter)) {}
 
-    explicit Private(CPixmapMeter &meter) : batched(meter, typeid(CPixmapMeter), drawing) {}
+    void describe(Picture &picture) const override;
 
     /// Columns and rows of the strip.
     QSize grid() const
@@ -54,7 +54,6 @@ struct CPixmapMeter::Private
     // Of the main thread.
     QPixmap strip;
     ErasePixmap erase;
-    BatchedPicture batched;
     std::vector<unsigned short> bounds{0};
     int searchedBounds = -1; ///< -1: the memory's table is in use, or none yet
     QString boundList;
@@ -237,7 +236,13 @@ QSize CPixmapMeter::minimumSizeHint() const
 
 void CPixmapMeter::repaintScreenPrimitive(QPainter &painter)
 {
-    NS_Utilities::drawPartialPixmap(painter, d->cell(), d->strip, d->grid(), false);
+    d->draw(painter);
+}
+
+void CPixmapMeter::Private::describe(Picture &picture) const
+{
+    const QPoint at = cell();
+    picture.add(strip, NS_Utilities::partialPixmapRect(at, strip, grid()));
 }
 
 void CPixmapMeter::updateErasePixmap(QPixmap *pixmap)
@@ -254,7 +259,7 @@ void CPixmapMeter::refreshPicture()
 {
     // What the strip does not have is not drawn.
     const bool exists = d->currentImage < d->categories && d->shown < d->subImages;
-    setAttribute(Qt::WA_OpaquePaintEvent, exists && metering::hides(d->strip, cellSize(), *this));
+    d->setOpaque(exists && metering::hides(d->strip, cellSize(), *this));
     pictureChanged();
 }
 
@@ -262,7 +267,7 @@ void CPixmapMeter::refreshPicture()
 void CPixmapMeter::pictureChanged()
 {
     updateErasePixmap(nullptr);
-    d->batched.changed();
+    d->changed();
 }
 
 void CPixmapMeter::valueChange()
@@ -287,25 +292,7 @@ bool CPixmapMeter::event(QEvent *event)
 void CPixmapMeter::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
-    d->batched.paintBegins(painter, *event);
-    repaintScreenPrimitive(painter);
-}
-
-/// With nothing to clip.
-bool CPixmapMeter::isDrawnPlainly(const QWidget &meter)
-{
-    return metering::fits(static_cast<const CPixmapMeter &>(meter).cellSize(), meter);
-}
-
-bool CPixmapMeter::copyPicture(QWidget &meter, StorePixels &pixels)
-{
-    const Private &d = *static_cast<CPixmapMeter &>(meter).d;
-    return pixels.copyCell(d.cell(), d.strip, d.grid());
-}
-
-void CPixmapMeter::drawPicture(QWidget &meter, QPainter &painter)
-{
-    static_cast<CPixmapMeter &>(meter).repaintScreenPrimitive(painter);
+    d->paint(painter, *event);
 }
 
 // Readings --------------------------------------------------------------------------------------

@@ -10,8 +10,6 @@
 
 #include <memory>
 
-class StorePixels;
-
 /// A meter that shows one of several pictures: a lamp that lights in steps, a segment display. A list
 /// of thresholds, the memory's or its own, says from which level code on each picture is shown.
 /// GUI thread, except process().
@@ -107,9 +105,6 @@ protected:
 private:
     void showIncoming();
     void refreshPicture();
-    static bool isDrawnPlainly(const QWidget &meter);
-    static bool copyPicture(QWidget &meter, StorePixels &pixels);
-    static void drawPicture(QWidget &meter, QPainter &painter);
     void pictureChanged();
     QSize cellSize() const;
 

@@ -3,12 +3,12 @@
 
 #include "interfaces/CSimpleNotifier.h"
 #include "interfaces/utilities/NS_Utilities.h"
-#include "widgets/binding/BatchedPicture.h"
 #include "widgets/binding/Binding.h"
-#include "widgets/binding/ErasePixmap.h"
 #include "widgets/binding/ShownTextAccessible.h"
-#include "widgets/binding/StorePixels.h"
 #include "widgets/meters/MeterWatch.h"
+#include "widgets/painting/BatchedPicture.h"
+#include "widgets/painting/ErasePixmap.h"
+#include "widgets/painting/Picture.h"
 
 #include <QPainter>
 #include <QPointer>
@@ -36,17 +36,16 @@ int bandOf(const std::vector<quint16> &table, quint16 code)
 
 } // namespace
 
-struct CThresholdMeter::Private
+struct CThresholdMeter::Private : BatchedPicture
 {
-    static constexpr BatchedPicture::Manner drawing{isDrawnPlainly, copyPicture, drawPicture};
+    explicit Private(CThresholdMeter &meter) : BatchedPicture(meter, typeid(CThresholdMeter)) {}
 
-    explicit Private(CThresholdMeter &meter) : batched(meter, typeid(CThresholdMeter), drawing) {}
+    void describe(Picture &picture) const override;
 
     std::atomic<quint16> levelCode{0}; // of all threads
 
     QPixmap strip;
     ErasePixmap erase;
-    BatchedPicture batched;
     int currentImage = 0;
     int subImages = 3;
     QString stateAddress;
@@ -253,8 +252,12 @@ QSize CThresholdMeter::minimumSizeHint() const
 
 void CThresholdMeter::repaintScreenPrimitive(QPainter &painter)
 {
-    NS_Utilities::drawPartialPixmap(painter, {0, d->currentImage}, d->strip, {1, d->subImages},
-                                    false);
+    d->draw(painter);
+}
+
+void CThresholdMeter::Private::describe(Picture &picture) const
+{
+    picture.add(strip, NS_Utilities::partialPixmapRect({0, currentImage}, strip, {1, subImages}));
 }
 
 void CThresholdMeter::updateErasePixmap(QPixmap *pixmap)
@@ -269,8 +272,7 @@ QPixmap CThresholdMeter::erasePixmap()
 
 void CThresholdMeter::refreshPicture()
 {
-    setAttribute(Qt::WA_OpaquePaintEvent,
-                 d->currentImage < d->subImages && metering::hides(d->strip, cellSize(), *this));
+    d->setOpaque(d->currentImage < d->subImages && metering::hides(d->strip, cellSize(), *this));
     pictureChanged();
 }
 
@@ -278,7 +280,7 @@ void CThresholdMeter::refreshPicture()
 void CThresholdMeter::pictureChanged()
 {
     updateErasePixmap(nullptr);
-    d->batched.changed();
+    d->changed();
 }
 
 void CThresholdMeter::polish()
@@ -297,25 +299,7 @@ bool CThresholdMeter::event(QEvent *event)
 void CThresholdMeter::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
-    d->batched.paintBegins(painter, *event);
-    repaintScreenPrimitive(painter);
-}
-
-/// With nothing to clip.
-bool CThresholdMeter::isDrawnPlainly(const QWidget &meter)
-{
-    return metering::fits(static_cast<const CThresholdMeter &>(meter).cellSize(), meter);
-}
-
-bool CThresholdMeter::copyPicture(QWidget &meter, StorePixels &pixels)
-{
-    const Private &d = *static_cast<CThresholdMeter &>(meter).d;
-    return pixels.copyCell({0, d.currentImage}, d.strip, {1, d.subImages});
-}
-
-void CThresholdMeter::drawPicture(QWidget &meter, QPainter &painter)
-{
-    static_cast<CThresholdMeter &>(meter).repaintScreenPrimitive(painter);
+    d->paint(painter, *event);
 }
 
 // Binding ---------------------------------------------------------------------------------------

@@ -10,8 +10,6 @@
 
 #include <memory>
 
-class StorePixels;
-
 /// A lamp for a channel's reading: dark, below the threshold, above it, near full scale; or, with a
 /// table of the memory, one state per band between its thresholds, higher readings having lower
 /// numbers. It is dark while the console is offline, while the state parameter is 0, and when the
@@ -107,9 +105,6 @@ private:
     void subscribe();
     void unsubscribe();
     void refreshPicture();
-    static bool isDrawnPlainly(const QWidget &meter);
-    static bool copyPicture(QWidget &meter, StorePixels &pixels);
-    static void drawPicture(QWidget &meter, QPainter &painter);
     void pictureChanged();
     QSize cellSize() const;
 

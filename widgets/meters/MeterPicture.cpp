@@ -16,27 +16,6 @@ Stretch clipped(int from, int to, int available)
     return inside.isEmpty() ? Stretch{} : inside;
 }
 
-/// Both, and what is between them.
-Stretch span(const Stretch &one, const Stretch &other)
-{
-    if (one.isEmpty() || other.isEmpty())
-        return one.isEmpty() ? other : one;
-    return {std::min(one.from, other.from), std::max(one.to, other.to)};
-}
-
-Stretch difference(const Stretch &one, const Stretch &other)
-{
-    if (one == other)
-        return {};
-    if (!one.isEmpty() && !other.isEmpty()) {
-        if (one.from == other.from)
-            return {std::min(one.to, other.to), std::max(one.to, other.to)};
-        if (one.to == other.to)
-            return {std::min(one.from, other.from), std::max(one.from, other.from)};
-    }
-    return span(one, other);
-}
-
 } // namespace
 
 void MeterPicture::setScale(const MeterScale &scale, int height)
@@ -97,11 +76,6 @@ Stretch MeterPicture::markOf(int bar, int peak, int available) const
         return {};
     const int length = m_scaling ? std::max(1, scaled(step, available)) : step;
     return clipped(available - top, available - top + length, available);
-}
-
-Stretch MeterPicture::difference(const MeterBands &one, const MeterBands &other)
-{
-    return span(::difference(one.bar, other.bar), ::difference(one.mark, other.mark));
 }
 
 QRect MeterPicture::part(const QSize &size, const Stretch &stretch) const

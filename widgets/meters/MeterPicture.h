@@ -55,8 +55,6 @@ public:
 
     /// A widget's pixels, each once; four parts at most.
     Blits blits(const QSize &size, const MeterBands &bands) const;
-    /// One stretch beyond which both look the same; empty if they do everywhere.
-    static MeterBands::Stretch difference(const MeterBands &one, const MeterBands &other);
     /// The rectangle of a stretch.
     QRect part(const QSize &size, const MeterBands::Stretch &stretch) const;
 

@@ -4,10 +4,11 @@
 #include "testkit/RecordingMemory.h"
 #include "testkit/TestStrip.h"
 #include "widgets/binding/Binding.h"
-#include "widgets/binding/ErasePixmap.h"
-#include "widgets/binding/ImageStrip.h"
 #include "widgets/binding/PendingEmissions.h"
 #include "widgets/binding/TCacheServer.h"
+#include "widgets/painting/ErasePixmap.h"
+#include "widgets/painting/ImageStrip.h"
+#include "widgets/painting/Picture.h"
 
 #include <QTest>
 
@@ -30,7 +31,7 @@ struct OtherLook : TCachedData
 {
 };
 
-template <class Data>
+template<class Data>
 std::shared_ptr<TCachedData> named(const QString &name)
 {
     auto data = std::make_shared<Data>();
@@ -70,12 +71,18 @@ void tst_Binding::addressesAreSpoken_data()
 {
     QTest::addColumn<QString>("address");
     QTest::addColumn<QString>("words");
-    QTest::newRow("plain") << "kInputEQ/kLowMidGain" << "Input EQ Low Mid Gain";
-    QTest::newRow("with unit") << "0AkSetupHX612/kHX612Port" << "Setup HX612 HX612 Port";
-    QTest::newRow("digits") << "kInputSend/kMix01Level" << "Input Send Mix 01 Level";
-    QTest::newRow("underscore") << "FEkGroupID_Mix/kGroupID" << "Group ID Mix Group ID";
-    QTest::newRow("no prefix") << "knob/key" << "knob key";
-    QTest::newRow("empty") << "" << "";
+    QTest::newRow("plain") << "kInputEQ/kLowMidGain"
+                           << "Input EQ Low Mid Gain";
+    QTest::newRow("with unit") << "0AkSetupHX612/kHX612Port"
+                               << "Setup HX612 HX612 Port";
+    QTest::newRow("digits") << "kInputSend/kMix01Level"
+                            << "Input Send Mix 01 Level";
+    QTest::newRow("underscore") << "FEkGroupID_Mix/kGroupID"
+                                << "Group ID Mix Group ID";
+    QTest::newRow("no prefix") << "knob/key"
+                               << "knob key";
+    QTest::newRow("empty") << ""
+                           << "";
 }
 
 void tst_Binding::addressesAreSpoken()
@@ -161,14 +168,10 @@ void tst_Binding::cellsOutsideTheStripDrawNothing()
     strip.setPicture(teststrip::make(1, 4, {10, 10}));
     strip.setCategories(columns);
     strip.setRows(rows);
-    QImage canvas(20, 20, QImage::Format_RGB32);
-    canvas.fill(Qt::white);
-    const QImage blank = canvas;
-    QPainter painter(&canvas);
-    strip.draw(painter, row, true);
-    strip.draw(painter, row, false);
-    painter.end();
-    QCOMPARE(canvas, blank);
+    Picture picture({20, 20});
+    strip.describe(picture, row, true);
+    strip.describe(picture, row, false);
+    QVERIFY(picture.blits().isEmpty());
     QVERIFY(!strip.outlineContains(row, true, {2, 2}));
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "widgets/binding/ErasePixmap.h"
+#include "widgets/painting/ErasePixmap.h"
 
 #include <QPainter>
 #include <QPixmapCache>

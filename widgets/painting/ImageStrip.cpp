@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "widgets/binding/ImageStrip.h"
+#include "widgets/painting/ImageStrip.h"
 
 #include "interfaces/utilities/NS_Utilities.h"
-#include "widgets/binding/StorePixels.h"
+#include "widgets/painting/Picture.h"
 
 #include <QDebug>
-#include <QPainter>
+#include <QImage>
 
 void ImageStrip::setPicture(const QPixmap &picture)
 {
@@ -40,12 +40,6 @@ bool ImageStrip::covers(const QSize &size) const
     return m_opaque && cell.width() >= size.width() && cell.height() >= size.height();
 }
 
-bool ImageStrip::fits(const QSize &size) const
-{
-    const QSizeF cell = cellSize();
-    return cell.width() <= size.width() && cell.height() <= size.height();
-}
-
 bool ImageStrip::outlineContains(int row, bool enabled, const QPoint &point) const
 {
     const QPoint at = shownCell(row, enabled);
@@ -67,21 +61,14 @@ bool ImageStrip::outlineContains(int row, bool enabled, const QPoint &point) con
     return first <= x && x <= last;
 }
 
-void ImageStrip::draw(QPainter &painter, int row, bool enabled) const
+void ImageStrip::describe(Picture &picture, int row, bool enabled) const
 {
     const QPoint at = shownCell(row, enabled);
-    if (at.y() < 0 || at.y() >= m_rows || m_picture.isNull())
-        return;
+    const QRect source = cell(at.x(), at.y());
     if (enabled || m_disabledRow >= 0)
-        NS_Utilities::drawPartialPixmap(painter, at, m_picture, {categories(), m_rows}, false);
-    else
-        drawGrey(painter, row);
-}
-
-bool ImageStrip::copy(StorePixels &pixels, int row, bool enabled) const
-{
-    return m_opaque && (enabled || m_disabledRow >= 0)
-           && pixels.copyCell(shownCell(row, enabled), m_picture, {categories(), m_rows});
+        picture.add(m_picture, source);
+    else if (!source.isEmpty())
+        picture.add(grey(row), grey(row).rect());
 }
 
 void ImageStrip::warnIfUneven(const QObject &owner) const
@@ -125,16 +112,13 @@ QPoint ImageStrip::shownCell(int row, bool enabled) const
     return {0, row};
 }
 
-void ImageStrip::drawGrey(QPainter &painter, int row) const
+const QPixmap &ImageStrip::grey(int row) const
 {
-    const QRect source = cell(0, row);
-    if (source.isEmpty())
-        return;
-    if (row != m_greyRow) {
-        QPixmap colour = m_picture.copy(source);
+    if (row != m_greyRow || !m_grey) {
+        QPixmap colour = m_picture.copy(cell(0, row));
         colour.setDevicePixelRatio(m_picture.devicePixelRatio());
         m_grey = QPixmap::fromImage(NS_Utilities::applyGreyTransformation(colour));
         m_greyRow = row;
     }
-    NS_Utilities::drawPartialPixmap(painter, {0, 0}, *m_grey, {1, 1}, false);
+    return *m_grey;
 }

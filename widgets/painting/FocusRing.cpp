@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "widgets/binding/FocusRing.h"
+#include "widgets/painting/FocusRing.h"
 
 #include <QPainter>
 #include <QWidget>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "widgets/Export.h"
+#include "widgets/TestedExport.h"
 
 #include <QPixmap>
 #include <QRect>
@@ -10,14 +10,13 @@
 #include <optional>
 
 class QObject;
-class QPainter;
-class StorePixels;
+class Picture;
 
 /// All pictures of a control in one: a grid of equal cells, the columns being alternative looks
 /// (categories) and the rows value positions, one of which may show the disabled control.
 /// Sizes for layout and drawing are device-independent: a picture with device pixel ratio 2 counts
 /// half its pixels. GUI thread.
-class CONSOLEWIDGETS_EXPORT ImageStrip
+class CONSOLEWIDGETS_TESTED ImageStrip
 {
 public:
     /// The whole strip, its device pixel ratio included; null: none.
@@ -58,19 +57,16 @@ public:
     /// Whether one cell covers a widget of that size without letting anything shine through.
     bool covers(const QSize &size) const;
 
-    /// Whether one cell stays inside a widget of that size.
-    bool fits(const QSize &size) const;
-
-    /// Whether `point` lies inside the outline of the cell that drawRow() draws: between the
+    /// Whether `point` lies inside the outline of the cell that is shown: between the
     /// leftmost and the rightmost visible pixel of its line.
     bool outlineContains(int row, bool enabled, const QPoint &point) const;
 
-    /// Draws, at the painter's origin, the look of a control at value row `row`: when disabled the
-    /// disabled picture or else column 0 in grey. Nothing for rows that do not exist.
-    void draw(QPainter &painter, int row, bool enabled) const;
+    /// The pixels of a cell; empty if there is none.
+    QRect cell(int category, int row) const;
 
-    /// Copies what draw() draws; false if that takes a painter.
-    bool copy(StorePixels &pixels, int row, bool enabled) const;
+    /// Adds the look of a control at value row `row` to its picture, in the upper left corner: when
+    /// disabled the disabled picture or else column 0 in grey. Nothing for rows that do not exist.
+    void describe(Picture &picture, int row, bool enabled) const;
 
     /// One warning, naming `owner`, when rows or columns do not divide the picture.
     void warnIfUneven(const QObject &owner) const;
@@ -78,9 +74,8 @@ public:
 private:
     void gridChanged();
     void measure() const;
-    QRect cell(int category, int row) const;
     QPoint shownCell(int row, bool enabled) const;
-    void drawGrey(QPainter &painter, int row) const;
+    const QPixmap &grey(int row) const;
 
     QPixmap m_picture;
     mutable QSizeF m_cellSize{0, 0}; ///< null until it is asked for

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "widgets/binding/Ground.h"
+#include "widgets/painting/Ground.h"
 
 #include <QBackingStore>
 #include <QPaintEngine>
@@ -7,17 +7,12 @@
 #include <QPaintEvent>
 #include <QWidget>
 
-#include <optional>
-
 namespace {
 
-/// The rectangle in pixels of the store; nothing where it ends between pixels.
-std::optional<QRect> inPixels(const QRect &rect, qreal ratio)
+/// The pixels that the toolkit clips a part of a window to.
+QRect inPixels(const QRect &part, qreal ratio)
 {
-    const QRectF exact(rect.x() * ratio, rect.y() * ratio, rect.width() * ratio,
-                       rect.height() * ratio);
-    const QRect pixels = exact.toRect();
-    return QRectF(pixels) == exact ? std::optional(pixels) : std::nullopt;
+    return QRectF(QPointF(part.topLeft()) * ratio, QSizeF(part.size()) * ratio).toRect();
 }
 
 } // namespace
@@ -33,22 +28,23 @@ const QImage *Ground::storeBehind(const QWidget &control, const QPainter &painte
 
 void Ground::take(const QWidget &control, const QImage &store, const QPaintEvent &event)
 {
-    const QRect place(control.mapTo(control.window(), QPoint(0, 0)), control.size());
-    const auto pixels = inPixels(place, store.devicePixelRatio());
-    if (!pixels || !store.rect().contains(*pixels)) {
+    const QPoint corner = control.mapTo(control.window(), QPoint(0, 0));
+    const qreal ratio = store.devicePixelRatio();
+    const QRect pixels = inPixels(control.rect().translated(corner), ratio);
+    if (!store.rect().contains(pixels)) {
         forget();
     } else if (event.region().rectCount() == 1 && event.rect().contains(control.rect())) {
-        m_picture = store.copy(*pixels);
-    } else if (isKnown()) {
+        m_picture = std::make_unique<QImage>(store.copy(pixels));
+        m_picture->setDevicePixelRatio(1);
+    } else if (m_picture && m_picture->size() == pixels.size()) {
         // Outside the event's region the store has the control's own picture.
-        QPainter part(&m_picture);
-        part.setClipRegion(event.region());
+        QPainter part(m_picture.get());
         part.setCompositionMode(QPainter::CompositionMode_Source);
-        part.drawImage(QPointF(0, 0), store, *pixels);
+        for (const QRect &each : event.region()) {
+            const QRect painted = inPixels(each.translated(corner), ratio) & pixels;
+            part.drawImage(QRectF(painted.translated(-pixels.topLeft())), store, QRectF(painted));
+        }
+    } else {
+        forget();
     }
-}
-
-void Ground::draw(QPainter &painter) const
-{
-    painter.drawImage(QPointF(0, 0), m_picture);
 }

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "widgets/painting/ClearPlaces.h"
+
 #include <QObject>
-#include <QRect>
 
 #include <vector>
 
 class BatchedPicture;
-class QPaintDevice;
-class QRegion;
+class QBackingStore;
 
 /// The pictures that wait to be drawn. Lives and dies with the application. GUI thread.
 class PaintBatch : public QObject
@@ -23,8 +23,6 @@ public:
     void remove(BatchedPicture &picture);
 
     bool event(QEvent *event) override;
-    /// Sees what moves in the application.
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     struct Due
@@ -40,10 +38,12 @@ private:
 
     void draw();
     void collect();
-    static void drawPictures(QPaintDevice &device, Dues::const_iterator from,
-                             Dues::const_iterator to);
-    static void drawWindow(QWidget &window, Dues::const_iterator from, Dues::const_iterator to);
+    void drawWindow(QWidget &window, Dues::iterator from, Dues::iterator to);
+    Dues::iterator drawPass(QBackingStore &store, qreal ratio, Dues::iterator from,
+                            Dues::iterator to);
 
     std::vector<BatchedPicture *> m_waiting;
     Dues m_due;
+    Dues m_later; ///< what waits for the next pass
+    ClearPlaces m_places;
 };
