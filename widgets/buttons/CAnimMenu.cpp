@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/buttons/CAnimMenu.h"
 
+#include "widgets/painting/Opacity.h"
+#include "widgets/painting/Picture.h"
+
 #include <QEvent>
 #include <QPainter>
 #include <QPointer>
@@ -45,7 +48,7 @@ void CAnimMenu::setImage(QPixmap &image, const QPixmap &picture)
         const QSizeF size = picture.deviceIndependentSize();
         setFixedSize(qCeil(size.width()), qCeil(size.height()));
     }
-    setAttribute(Qt::WA_OpaquePaintEvent, coversAll());
+    opacity::set(*this, coversAll());
     update();
 }
 
@@ -129,28 +132,27 @@ bool CAnimMenu::event(QEvent *event)
 {
     const bool handled = QFrame::event(event);
     switch (event->type()) {
-    case QEvent::Polish:
-    case QEvent::StyleChange:
-    case QEvent::Resize:
-        setAttribute(Qt::WA_OpaquePaintEvent, coversAll());
-        break;
-    default:
-        break;
+    case QEvent::ScreenChangeInternal:
+    case QEvent::Resize: opacity::set(*this, coversAll()); break;
+    default: break;
     }
     return handled;
 }
 
 void CAnimMenu::paintEvent(QPaintEvent *)
 {
-    QPainter painter(this);
-    if (!rolls()) {
-        painter.drawPixmap(0, 0, m_status == animOpen ? m_openImage : m_closeImage);
-        return;
+    Picture picture(size());
+    if (rolls()) {
+        // The move picture's bottom rows stand at the top: it hangs down by `m_position` rows.
+        const qreal moving = m_moveImage.deviceIndependentSize().height();
+        picture.add(m_moveImage, m_moveImage.rect(), {0, m_position - moving},
+                    QRect(0, 0, width(), m_position));
+        picture.add(m_closeImage, m_closeImage.rect(), {0, 0},
+                    QRect(0, m_position, width(), height() - m_position));
+    } else {
+        const QPixmap &shown = m_status == animOpen ? m_openImage : m_closeImage;
+        picture.add(shown, shown.rect());
     }
-    // The move picture's bottom rows stand at the top: it hangs down by `m_position` rows.
-    const QSizeF moving = m_moveImage.deviceIndependentSize();
-    painter.setClipRect(0, 0, width(), m_position);
-    painter.drawPixmap(QPointF(0, m_position - moving.height()), m_moveImage);
-    painter.setClipRect(0, m_position, width(), height());
-    painter.drawPixmap(0, 0, m_closeImage);
+    QPainter painter(this);
+    picture.draw(painter);
 }

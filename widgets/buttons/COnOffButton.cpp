@@ -6,6 +6,8 @@
 #include "widgets/buttons/COnOffButtonPrivate.h"
 #include "widgets/buttons/KeyAccessible.h"
 #include "widgets/painting/FocusRing.h"
+#include "widgets/painting/Opacity.h"
+#include "widgets/painting/Picture.h"
 
 #include <QPainter>
 #include <QtMath>
@@ -260,7 +262,7 @@ void COnOffButton::cutImages(bool giveUpStrip)
     look.cut(d->category, size, plain);
     if (giveUpStrip && look.categories == 1)
         look.combinedImage = QPixmap();
-    setAttribute(Qt::WA_OpaquePaintEvent, look.isOpaque());
+    opacity::set(*this, look.isOpaque());
 }
 
 void COnOffButton::refreshImage()
@@ -318,9 +320,16 @@ QPixmap COnOffButton::shownPicture() const
     return grey ? d->look->greyImage(isOn()) : staticPixmap();
 }
 
+void COnOffButton::drawPicture(QPainter &painter, const QPixmap &shown) const
+{
+    Picture picture(size());
+    picture.add(shown, shown.rect());
+    picture.draw(painter);
+}
+
 void COnOffButton::repaintScreenPrimitive(QPainter &painter)
 {
-    painter.drawPixmap(0, 0, shownPicture());
+    drawPicture(painter, shownPicture());
 }
 
 void COnOffButton::updateErasePixmap(QPixmap *)
@@ -359,7 +368,7 @@ void COnOffButton::paintEvent(QPaintEvent *event)
     }
     QPainter painter(this);
     if (!d->dirty && isToggleButton())
-        painter.drawPixmap(0, 0, erasePixmap());
+        drawPicture(painter, erasePixmap());
     drawButton(&painter);
     if (hasFocus())
         focusring::draw(painter, *this, d->focusColor);
@@ -371,7 +380,7 @@ void COnOffButton::polish()
     d->polished = true;
     cutImages(true);
     updateErasePixmap(nullptr);
-    setAttribute(Qt::WA_OpaquePaintEvent, d->look->isOpaque());
+    opacity::set(*this, d->look->isOpaque());
 }
 
 void COnOffButton::adoptSharedLook()

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "toolkit/QtTypes.h"
-#include "widgets/Export.h"
 #include "widgets/binding/BoundParameter.h"
+#include "widgets/Export.h"
 
 #include <QPushButton>
 
@@ -190,6 +190,7 @@ private:
     void markDirty();
     void adoptSharedLook();
     QPixmap shownPicture() const;
+    void drawPicture(QPainter &painter, const QPixmap &shown) const;
     int incomingValue(const Q_UINT8 *bytes, int operation);
 
     struct Private;

@@ -2,6 +2,7 @@
 // How the operator's mouse and keys work the key.
 #include "widgets/binding/Binding.h"
 #include "widgets/buttons/COnOffButtonPrivate.h"
+#include "widgets/painting/Opacity.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -195,21 +196,15 @@ bool COnOffButton::event(QEvent *event)
     if (!self)
         return handled;
     switch (type) {
-    case QEvent::Polish:
-        polish();
-        [[fallthrough]];
+    case QEvent::Polish: polish(); [[fallthrough]];
     case QEvent::StyleChange:
-        // The default style clears the one, though every pixel may really be drawn, and sets the
-        // other, though the picture does not depend on the pointer.
+        // The default style sets this, though the picture does not depend on the pointer.
         setAttribute(Qt::WA_Hover, d->look->onImage.isNull());
-        setAttribute(Qt::WA_OpaquePaintEvent, d->look->isOpaque());
-        break;
+        [[fallthrough]];
+    case QEvent::ScreenChangeInternal: opacity::set(*this, d->look->isOpaque()); break;
     case QEvent::WindowActivate:
-    case QEvent::WindowDeactivate:
-        windowActivationChange(type == QEvent::WindowDeactivate);
-        break;
-    default:
-        break;
+    case QEvent::WindowDeactivate: windowActivationChange(type == QEvent::WindowDeactivate); break;
+    default: break;
     }
     return handled;
 }

@@ -2,9 +2,9 @@
 #include "widgets/buttons/COnOffButton_PD.h"
 
 #include "interfaces/utilities/NS_Utilities.h"
+#include "widgets/painting/ImageStrip.h"
 
 #include <QPainter>
-#include <QtMath>
 
 #include <algorithm>
 
@@ -31,9 +31,7 @@ QPixmap startImage(const QSize &size, qreal ratio, const QPixmap &plain)
 
 QSize COnOffButton::COnOffButton_PD::cellSize() const
 {
-    const qreal ratio = combinedImage.devicePixelRatio();
-    return {qCeil(combinedImage.width() / categories / ratio),
-            qCeil(combinedImage.height() / subImages / ratio)};
+    return picturecells::size(combinedImage, {categories, subImages});
 }
 
 bool COnOffButton::COnOffButton_PD::isOpaque() const
@@ -58,8 +56,11 @@ void COnOffButton::COnOffButton_PD::cut(int category, const QSize &size, const Q
 
 QPixmap COnOffButton::COnOffButton_PD::cutRow(int category, int row, const QPixmap &start) const
 {
-    const QSize cell(combinedImage.width() / categories, combinedImage.height() / subImages);
-    const QRect source(QPoint(category * cell.width(), row * cell.height()), cell);
+    const QRect source =
+        picturecells::cell(combinedImage, {categories, subImages}, {category, row});
+    if (source.isEmpty())
+        return start;
+    const QSize cell = source.size();
     // A cell that is the whole picture keeps what it is, opaque above all.
     if (start.size() == cell && combinedImage.rect().contains(source)) {
         QPixmap image = combinedImage.copy(source);

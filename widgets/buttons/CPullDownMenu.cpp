@@ -8,6 +8,9 @@
 #include "widgets/buttons/MenuItems.h"
 #include "widgets/buttons/PullDownAccessible.h"
 #include "widgets/painting/FocusRing.h"
+#include "widgets/painting/ImageStrip.h"
+#include "widgets/painting/Opacity.h"
+#include "widgets/painting/Picture.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -25,7 +28,7 @@ constexpr int TextIndent = 4;
 
 struct CPullDownMenu::Private
 {
-    QPixmap image;
+    ImageStrip strip; ///< a picture per position; grey while disabled
     MenuItems items;
     int currentIndex = 0;
     int lastChosen = NoneYet;
@@ -40,12 +43,6 @@ struct CPullDownMenu::Private
     bool focusRect : 1 = true;
     bool announcing : 1 = false;
 
-    /// The picture of the current position, in pixels of the strip.
-    QRect cell() const
-    {
-        return NS_Utilities::partialPixmapRect({0, currentIndex}, image,
-                                               {1, std::max(1, imageCount)});
-    }
     /// What the current position means in memory.
     int value(int memoryPosition) const
     {
@@ -139,19 +136,20 @@ int CPullDownMenu::nSubImages() const
 void CPullDownMenu::setnSubImages(int count)
 {
     d->imageCount = count;
+    d->strip.setRows(std::max(1, count));
     updateDimensions();
     update();
 }
 
 QPixmap CPullDownMenu::combinedImage() const
 {
-    return d->image;
+    return d->strip.picture();
 }
 
 void CPullDownMenu::setCombinedImage(const QPixmap &picture)
 {
-    d->image = picture;
-    setAttribute(Qt::WA_OpaquePaintEvent, !picture.isNull() && !picture.hasAlphaChannel());
+    d->strip.setPicture(picture);
+    opacity::set(*this, !picture.isNull() && !picture.hasAlphaChannel());
     updateDimensions();
     refreshText();
     update();
@@ -262,7 +260,7 @@ void CPullDownMenu::setCurrentImage(int position)
 
 bool CPullDownMenu::accepts(int position) const
 {
-    if (!d->image.isNull())
+    if (!d->strip.picture().isNull())
         return position >= 0 && position < d->imageCount && position != d->currentIndex;
     // Deliberate: the start position counts as shown as soon as anything was chosen, so that choosing
     // it while the memory holds a value without an item writes nothing.
@@ -367,10 +365,10 @@ void CPullDownMenu::announce()
     Q_EMIT memoryAPIValueChange(d->value(position));
     if (!self)
         return;
-    if (d->image.isNull())
+    if (d->strip.picture().isNull())
         Q_EMIT textualValueChange(shownText());
     else
-        Q_EMIT pixmapValueChange(d->image.copy(d->cell()));
+        Q_EMIT pixmapValueChange(d->strip.picture().copy(d->strip.cell(0, d->currentIndex)));
     if (self)
         Q_EMIT altAddressMode(position == 0);
 }
@@ -384,27 +382,27 @@ QString CPullDownMenu::shownText() const
 
 void CPullDownMenu::refreshText()
 {
-    if (d->image.isNull() && !d->items.isEmpty())
+    if (d->strip.picture().isNull() && !d->items.isEmpty())
         setText(shownText());
     PullDownAccessible::notify(*this);
 }
 
 void CPullDownMenu::updateDimensions()
 {
-    if (d->image.isNull())
+    if (d->strip.picture().isNull())
         return;
-    const QSize pixels(d->image.width(), d->image.height() / std::max(1, d->imageCount));
-    const qreal ratio = d->image.devicePixelRatio();
-    setFixedSize(qCeil(pixels.width() / ratio), qCeil(pixels.height() / ratio));
+    setFixedSize(picturecells::size(d->strip.picture(), {1, d->strip.rows()}));
 }
 
 void CPullDownMenu::repaintScreenPrimitive(QPainter &painter)
 {
-    if (d->image.isNull())
+    if (d->strip.picture().isNull()) {
         drawText(painter);
-    else
-        NS_Utilities::drawPartialPixmap(painter, {0, d->currentIndex}, d->image,
-                                        {1, std::max(1, d->imageCount)}, !isEnabled());
+        return;
+    }
+    Picture picture(size());
+    d->strip.describe(picture, d->currentIndex, isEnabled());
+    picture.draw(painter);
 }
 
 void CPullDownMenu::drawText(QPainter &painter)
@@ -435,7 +433,7 @@ void CPullDownMenu::paintEvent(QPaintEvent *)
 
 QSize CPullDownMenu::sizeHint() const
 {
-    if (!d->image.isNull())
+    if (!d->strip.picture().isNull())
         return minimumSize();
     if (d->widestText < 0) {
         d->widestText = 0;
@@ -451,8 +449,9 @@ QSize CPullDownMenu::sizeHint() const
 
 QSize CPullDownMenu::minimumSizeHint() const
 {
-    return d->image.isNull() ? QSize(fontMetrics().averageCharWidth() * 6, sizeHint().height())
-                             : sizeHint();
+    return d->strip.picture().isNull()
+               ? QSize(fontMetrics().averageCharWidth() * 6, sizeHint().height())
+               : sizeHint();
 }
 
 // The operator's hands --------------------------------------------------------------------------
@@ -502,10 +501,11 @@ void CPullDownMenu::changeEvent(QEvent *event)
 bool CPullDownMenu::event(QEvent *event)
 {
     const bool handled = QLabel::event(event);
-    if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange)
-        setAttribute(Qt::WA_OpaquePaintEvent, !d->image.isNull() && !d->image.hasAlphaChannel());
+    if (opacity::mustBeToldAfter(*event))
+        opacity::set(*this, !d->strip.picture().isNull() && !d->strip.picture().hasAlphaChannel());
     // The style lights what the pointer is over, of which a label does not take notice.
-    if ((event->type() == QEvent::Enter || event->type() == QEvent::Leave) && d->image.isNull())
+    if ((event->type() == QEvent::Enter || event->type() == QEvent::Leave)
+        && d->strip.picture().isNull())
         update();
     return handled;
 }

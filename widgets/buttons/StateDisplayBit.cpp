@@ -5,6 +5,9 @@
 #include "widgets/binding/Binding.h"
 #include "widgets/binding/ShownTextAccessible.h"
 #include "widgets/binding/TCacheServer.h"
+#include "widgets/painting/BatchedPicture.h"
+#include "widgets/painting/ImageStrip.h"
+#include "widgets/painting/Picture.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -23,9 +26,16 @@ bool bit(unsigned bits, int number)
 
 } // namespace
 
-class StateDisplayBit::StateDisplayBit_PD : public TCachedData
+class StateDisplayBit::StateDisplayBit_PD : public TCachedData, public BatchedPicture
 {
 public:
+    explicit StateDisplayBit_PD(StateDisplayBit &owner)
+        : BatchedPicture(owner, typeid(StateDisplayBit))
+    {
+    }
+
+    void describe(Picture &picture) const override;
+
     QPixmap onImage;
     QPixmap offImage;
     QPixmap composite;
@@ -45,8 +55,7 @@ public:
     /// A lamp's strip, in the picture's own pixels.
     QRect strip(int number) const
     {
-        const int height = onImage.height() / subImages;
-        return {0, number * height, onImage.width(), height};
+        return picturecells::cell(onImage, {1, subImages}, {0, number});
     }
     /// Where it stands in the widget.
     QRect place(int number) const
@@ -64,7 +73,7 @@ public:
 
 // Deliberate: the name is dropped.
 StateDisplayBit::StateDisplayBit(QWidget *parent, const char *)
-    : QFrame(parent), d(std::make_unique<StateDisplayBit_PD>())
+    : QFrame(parent), d(std::make_unique<StateDisplayBit_PD>(*this))
 {
     ShownTextAccessible<StateDisplayBit>::install<QAccessible::Indicator>();
     setNumDefaultKind(0);
@@ -168,6 +177,7 @@ void StateDisplayBit::reCalc()
     if (!memAPI() || !d->canCompose())
         return;
     const bool whole = d->stale || d->composite.isNull();
+    QRegion changed;
     setFixedSize(d->onImage.deviceIndependentSize().toSize());
     // Deliberate: the memory is asked again; the value that was told does not count.
     const auto bits = static_cast<unsigned>(getBitParam());
@@ -181,21 +191,24 @@ void StateDisplayBit::reCalc()
             if (bit(bits, number) == shown)
                 continue;
             d->copyStrip(painter, number, !shown);
-            if (!whole)
-                update(d->place(number));
+            changed += d->place(number);
         }
     }
     d->shownBits = bits;
     d->stale = false;
     setErasePixmap(composite);
     if (whole)
-        update();
+        d->changed();
+    else if (!changed.isEmpty())
+        d->changed(changed);
 }
 
 void StateDisplayBit::setErasePixmap(const QPixmap &picture)
 {
     d->composite = picture;
-    setAttribute(Qt::WA_OpaquePaintEvent, !picture.isNull() && !picture.hasAlphaChannel());
+    const bool opaque = !picture.isNull() && !picture.hasAlphaChannel();
+    if (opaque != d->isOpaque())
+        d->setOpaque(opaque);
 }
 
 QSize StateDisplayBit::sizeHint() const
@@ -203,17 +216,26 @@ QSize StateDisplayBit::sizeHint() const
     return d->onImage.isNull() ? QFrame::sizeHint() : minimumSize();
 }
 
-void StateDisplayBit::paintEvent(QPaintEvent *)
+/// Each lamp by itself, so that its neighbours do not bleed into it, and below them what does not divide.
+void StateDisplayBit::StateDisplayBit_PD::describe(Picture &picture) const
 {
-    QPainter(this).drawPixmap(0, 0, d->composite);
+    if (composite.isNull() || stale || !canCompose()) {
+        picture.add(composite, composite.rect());
+        return;
+    }
+    const qreal ratio = onImage.devicePixelRatio();
+    for (int number = 0; number < subImages; ++number) {
+        const QRect lamp = strip(number);
+        picture.add(bit(shownBits, number) ? onImage : offImage, lamp, {0, lamp.top() / ratio});
+    }
+    const int end = strip(0).height() * subImages;
+    picture.add(offImage, offImage.rect().adjusted(0, end, 0, 0), {0, end / ratio});
 }
 
-bool StateDisplayBit::event(QEvent *event)
+void StateDisplayBit::paintEvent(QPaintEvent *event)
 {
-    const bool handled = QFrame::event(event);
-    if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange)
-        setErasePixmap(d->composite);
-    return handled;
+    QPainter painter(this);
+    d->paint(painter, *event);
 }
 
 // Binding ---------------------------------------------------------------------------------------

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "toolkit/QtTypes.h"
-#include "widgets/Export.h"
 #include "widgets/binding/BoundParameter.h"
+#include "widgets/Export.h"
 
 #include <QFrame>
 #include <QPixmap>
@@ -71,7 +71,6 @@ protected:
     /// Replaces the composed picture.
     void setErasePixmap(const QPixmap &picture);
 
-    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

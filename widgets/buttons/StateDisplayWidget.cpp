@@ -5,11 +5,13 @@
 #include "widgets/binding/Binding.h"
 #include "widgets/binding/ShownTextAccessible.h"
 #include "widgets/binding/TCacheServer.h"
+#include "widgets/painting/BatchedPicture.h"
 #include "widgets/painting/ErasePixmap.h"
+#include "widgets/painting/ImageStrip.h"
+#include "widgets/painting/Picture.h"
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QtMath>
 
 #include <limits>
 
@@ -39,9 +41,17 @@ public:
 
 } // namespace
 
-class StateDisplayWidget::StateDisplayWidget_PD : public TCachedData
+class StateDisplayWidget::StateDisplayWidget_PD : public TCachedData, public BatchedPicture
 {
 public:
+    explicit StateDisplayWidget_PD(StateDisplayWidget &owner)
+        : BatchedPicture(owner, typeid(StateDisplayWidget)), display(owner)
+    {
+    }
+
+    void describe(Picture &picture) const override;
+    void drawn() override;
+
     /// No parameter holds it, so that the first value always counts as a change.
     static constexpr int NoValue = std::numeric_limits<int>::min() + 1;
 
@@ -52,19 +62,15 @@ public:
     int value = NoValue;
     bool pressed = false;
     ErasePixmap erase;
+    StateDisplayWidget &display;
 
-    QSize cellSize() const
-    {
-        const QSize pixels(combinedImage.width(), combinedImage.height() / subImages);
-        const qreal ratio = combinedImage.devicePixelRatio();
-        return {qCeil(pixels.width() / ratio), qCeil(pixels.height() / ratio)};
-    }
+    QSize cellSize() const { return picturecells::size(combinedImage, {1, subImages}); }
     bool hasCells() const { return subImages > 0 && combinedImage.width() > 0; }
 };
 
 // Deliberate: the name is dropped.
 StateDisplayWidget::StateDisplayWidget(QWidget *parent, const char *)
-    : QFrame(parent), d(std::make_unique<StateDisplayWidget_PD>())
+    : QFrame(parent), d(std::make_unique<StateDisplayWidget_PD>(*this))
 {
     PictureAccessible::install<PictureAccessible>();
     setNumDefaultKind(0);
@@ -130,7 +136,7 @@ void StateDisplayWidget::setValue(int value)
         return;
     d->value = value;
     updateErasePixmap(nullptr);
-    update();
+    d->changed();
     PictureAccessible::notify(*this);
     if (binding::ready(*this))
         binding::announce(*this, value, binding::range(*this));
@@ -154,9 +160,20 @@ QString StateDisplayWidget::shownText() const
 
 void StateDisplayWidget::repaintScreenPrimitive(QPainter &painter)
 {
-    if (!d->combinedImage.isNull())
-        NS_Utilities::drawPartialPixmap(painter, {0, pixmapId(d->value)}, d->combinedImage,
-                                        {1, d->subImages}, false);
+    d->draw(painter);
+}
+
+void StateDisplayWidget::StateDisplayWidget_PD::describe(Picture &picture) const
+{
+    picture.add(combinedImage,
+                picturecells::cell(combinedImage, {1, subImages}, {0, display.pixmapId(value)}));
+}
+
+/// Below a cache server the cache holds what was painted.
+void StateDisplayWidget::StateDisplayWidget_PD::drawn()
+{
+    if (TCacheServer::nearest(&display))
+        display.erasePixmap();
 }
 
 void StateDisplayWidget::updateErasePixmap(QPixmap *)
@@ -181,6 +198,7 @@ void StateDisplayWidget::polish()
 {
     if (d->hasCells())
         setFixedSize(d->cellSize());
+    d->setOpaque(d->hasCells() && !d->combinedImage.hasAlphaChannel());
     updateErasePixmap(nullptr);
 }
 
@@ -192,22 +210,15 @@ QSize StateDisplayWidget::sizeHint() const
 bool StateDisplayWidget::event(QEvent *event)
 {
     const bool handled = QFrame::event(event);
-    switch (event->type()) {
-    case QEvent::Polish: polish(); [[fallthrough]];
-    case QEvent::StyleChange:
-        setAttribute(Qt::WA_OpaquePaintEvent, d->hasCells() && !d->combinedImage.hasAlphaChannel());
-        break;
-    default: break;
-    }
+    if (event->type() == QEvent::Polish)
+        polish();
     return handled;
 }
 
-void StateDisplayWidget::paintEvent(QPaintEvent *)
+void StateDisplayWidget::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
-    repaintScreenPrimitive(painter);
-    if (TCacheServer::nearest(this))
-        erasePixmap();
+    d->paint(painter, *event);
 }
 
 // Clicks ----------------------------------------------------------------------------------------

@@ -9,6 +9,7 @@
 #include "widgets/graphs/DynamicsLaw.h"
 #include "widgets/graphs/SegmentPlotter.h"
 #include "widgets/painting/ErasePixmap.h"
+#include "widgets/painting/Opacity.h"
 
 #include <QPainter>
 
@@ -40,7 +41,6 @@ struct CCompCurve::Private
     Readings readings;
     bool told = false; ///< the value signals have told the threshold
     PendingEmissions pending;
-    QPixmap background;
     ErasePixmap erase;
 };
 
@@ -50,7 +50,7 @@ CCompCurve::CCompCurve(QWidget *parent, const char *name)
     ShownTextAccessible<CCompCurve>::install<QAccessible::Chart>();
     if (name)
         setObjectName(QLatin1String(name));
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    opacity::set(*this, true);
     setDisabledUI(true);
 }
 
@@ -85,14 +85,15 @@ QSize CCompCurve::sizeHint() const
 
 void CCompCurve::repaintScreenPrimitive(QPainter &painter)
 {
-    d->background = dynamicsgraph::background(d->background, *this, paletteBackgroundPixmap());
-    painter.drawPixmap(0, 0, d->background);
+    dynamicsgraph::drawGround(painter, *this, paletteBackgroundPixmap(),
+                              palette().color(backgroundRole()));
     const Readings &now = d->readings;
     const DynamicsLaw law({now.kind, now.threshold.limited(), now.ratio.value, now.knee.value,
                            now.gain.value, now.gain.maximum});
     if (law.hasCurve())
-        dynamicsgraph::plotter(painter).plotToFit(size(),
-                                                  [&law](int input) { return law.output(input); });
+        dynamicsgraph::CurvePainter(painter, *this).plotToFit([&law](int input) {
+            return law.output(input);
+        });
 }
 
 void CCompCurve::updateErasePixmap(QPixmap *)
@@ -107,7 +108,9 @@ QPixmap CCompCurve::erasePixmap()
 
 void CCompCurve::paintEvent(QPaintEvent *)
 {
-    QPainter(this).drawPixmap(0, 0, erasePixmap());
+    QPainter painter(this);
+    opacity::set(*this, true);
+    repaintScreenPrimitive(painter);
 }
 
 void CCompCurve::changeEvent(QEvent *event)
@@ -115,7 +118,6 @@ void CCompCurve::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
     if (event->type() != QEvent::PaletteChange && event->type() != QEvent::EnabledChange)
         return;
-    d->background = {};
     updateErasePixmap(nullptr);
     updateGeometry();
     update();

@@ -8,6 +8,7 @@
 #include "widgets/graphs/DynamicsGraph.h"
 #include "widgets/graphs/SegmentPlotter.h"
 #include "widgets/painting/ErasePixmap.h"
+#include "widgets/painting/Opacity.h"
 
 #include <QPainter>
 
@@ -53,7 +54,7 @@ CGateCurve::CGateCurve(QWidget *parent, const char *name)
     ShownTextAccessible<CGateCurve>::install<QAccessible::Chart>();
     if (name)
         setObjectName(QLatin1String(name));
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    opacity::set(*this, true);
     setDisabledUI(true);
 }
 
@@ -84,12 +85,12 @@ QSize CGateCurve::sizeHint() const
 
 void CGateCurve::repaintScreenPrimitive(QPainter &painter)
 {
-    if (d->picture.isNull())
-        painter.fillRect(rect(), dynamicsgraph::GroundColour);
-    else
-        painter.drawPixmap(0, 0, d->picture);
-    dynamicsgraph::plotter(painter).plotPixelPerDecibel(
-        size(), [this](int input) { return d->output(input); });
+    dynamicsgraph::drawGround(painter, *this, d->picture,
+                              d->picture.isNull() ? QBrush(dynamicsgraph::GroundColour)
+                                                  : palette().brush(backgroundRole()));
+    dynamicsgraph::CurvePainter(painter, *this).plotPixelPerDecibel([this](int input) {
+        return d->output(input);
+    });
 }
 
 void CGateCurve::updateErasePixmap(QPixmap *)
@@ -110,7 +111,9 @@ void CGateCurve::pictureChanged()
 
 void CGateCurve::paintEvent(QPaintEvent *)
 {
-    QPainter(this).drawPixmap(0, 0, erasePixmap());
+    QPainter painter(this);
+    opacity::set(*this, true);
+    repaintScreenPrimitive(painter);
 }
 
 void CGateCurve::changeEvent(QEvent *event)

@@ -1,26 +1,38 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/graphs/DynamicsGraph.h"
 
-#include <QPainter>
-#include <QWidget>
+#include "widgets/painting/Picture.h"
 
-SegmentPlotter dynamicsgraph::plotter(QPainter &painter)
+void dynamicsgraph::drawGround(QPainter &painter, const QWidget &widget, const QPixmap &picture,
+                               const QBrush &background)
 {
-    return SegmentPlotter(
-        [&painter](QPoint dot) { painter.fillRect(QRect(dot, QSize(1, 1)), CurveColour); });
+    Picture ground(widget.size());
+    ground.fill(background);
+    ground.add(picture, picture.rect());
+    ground.draw(painter);
 }
 
-QPixmap dynamicsgraph::background(const QPixmap &known, const QWidget &widget,
-                                  const QPixmap &picture)
+void dynamicsgraph::CurvePainter::plotToFit(const SegmentPlotter::Curve &curve)
 {
-    const QSize pixels = (QSizeF(widget.size()) * widget.devicePixelRatio()).toSize();
-    if (known.size() == pixels)
-        return known;
-    QPixmap pixmap(pixels);
-    pixmap.setDevicePixelRatio(widget.devicePixelRatio());
-    if (pixmap.isNull())
-        return pixmap;
-    pixmap.fill(widget.palette().color(widget.backgroundRole()));
-    QPainter(&pixmap).drawPixmap(0, 0, picture);
-    return pixmap;
+    plotter().plotToFit(size(), curve);
+}
+
+void dynamicsgraph::CurvePainter::plotPixelPerDecibel(const SegmentPlotter::Curve &curve)
+{
+    plotter().plotPixelsPerDecibel(m_pixels.ratio(), size(), curve);
+}
+
+/// A dot is as wide as the line.
+SegmentPlotter dynamicsgraph::CurvePainter::plotter()
+{
+    const QSize dot(m_pixels.width(1), m_pixels.width(1));
+    return SegmentPlotter(
+        [this, dot](QPoint corner) { m_painter.fillRect(QRect(corner, dot), CurveColour); });
+}
+
+/// Where the upper left corners of dots may be.
+QSize dynamicsgraph::CurvePainter::size() const
+{
+    const int more = m_pixels.width(1) - 1;
+    return m_pixels.all().size() - QSize(more, more);
 }

@@ -39,13 +39,14 @@ void SegmentPlotter::plotToFit(QSize size, const Curve &curve) const
     }
 }
 
-void SegmentPlotter::plotPixelPerDecibel(QSize size, const Curve &curve) const
+void SegmentPlotter::plotPixelsPerDecibel(double pixels, QSize size, const Curve &curve) const
 {
     const int bottom = size.height() - 1;
-    const auto rowOf = [=](int level) { return bottom + LowestLevel - level; };
-    for (int column = 0; column < size.width() - 1; ++column) {
-        const int input = LowestLevel + column;
-        plotStep({column, curve(input), column + 1, curve(input + 1)}, rowOf);
+    const auto rowOf = [=](int level) { return bottom + qRound((LowestLevel - level) * pixels); };
+    const auto columnOf = [=](int step) { return qRound(step * pixels); };
+    for (int step = 0; columnOf(step + 1) < size.width(); ++step) {
+        const int input = LowestLevel + step;
+        plotStep({columnOf(step), curve(input), columnOf(step + 1), curve(input + 1)}, rowOf);
     }
 }
 

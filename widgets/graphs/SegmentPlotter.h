@@ -9,7 +9,7 @@
 #include <functional>
 
 /// Plots static transfer curves as the console's display does: a segment for every decibel of input,
-/// pixel by pixel, without smoothing. Both axes begin at -72 dB, in the lower left corner; levels above
+/// dot by dot, without smoothing. Both axes begin at -72 dB, in the lower left corner; levels above
 /// +18 dB are not shown.
 class CONSOLEWIDGETS_TESTED SegmentPlotter
 {
@@ -27,8 +27,8 @@ public:
 
     /// Spreads 90 dB over the width and over the height of `size`.
     void plotToFit(QSize size, const Curve &curve) const;
-    /// One pixel per decibel, upwards from the lower left corner of `size`.
-    void plotPixelPerDecibel(QSize size, const Curve &curve) const;
+    /// So many pixels per decibel, upwards from the lower left corner of `size`.
+    void plotPixelsPerDecibel(double pixels, QSize size, const Curve &curve) const;
     /// Every pixel along the longer axis.
     void plotSegment(QPoint from, QPoint to) const;
 

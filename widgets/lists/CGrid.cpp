@@ -4,6 +4,7 @@
 
 #include "widgets/lists/CGridPrivate.h"
 #include "widgets/lists/GridAccessible.h"
+#include "widgets/painting/Opacity.h"
 
 #include <QBitmap>
 
@@ -24,7 +25,7 @@ CGrid::CGrid(QWidget *parent, const char *) : QWidget(parent), d(std::make_uniqu
     GridAccessible::install();
     setAttribute(Qt::WA_StaticContents);
     setAttribute(Qt::WA_NoSystemBackground);
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    opacity::set(*this, true);
     setHorCount(StartCount);
     setVerCount(StartCount);
     TMemProxy::setNumDefaultKind(0);

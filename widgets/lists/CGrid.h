@@ -2,8 +2,8 @@
 #pragma once
 
 #include "toolkit/QtTypes.h"
-#include "widgets/Export.h"
 #include "widgets/binding/BoundParameter.h"
+#include "widgets/Export.h"
 
 #include <QColor>
 #include <QPixmap>
@@ -99,8 +99,14 @@ public:
     int channels() const { return orientation() == ChannelsAcross ? cols() : rows(); }
     int fields() const { return orientation() == ChannelsAcross ? rows() : cols(); }
     /// The channel, or the field, that a cell connects.
-    int channelOf(int row, int column) const { return orientation() == ChannelsAcross ? column : row; }
-    int fieldOf(int row, int column) const { return orientation() == ChannelsAcross ? row : column; }
+    int channelOf(int row, int column) const
+    {
+        return orientation() == ChannelsAcross ? column : row;
+    }
+    int fieldOf(int row, int column) const
+    {
+        return orientation() == ChannelsAcross ? row : column;
+    }
     /// Whether the grid has that row and column.
     bool hasCell(int row, int column) const;
     /// Whether the cell lies in one of disabledRects: it shows nothing and takes no clicks.
@@ -239,6 +245,7 @@ private:
     void initGridArea();
     void setupAutoUpdate();
     void repaintCursor();
+    void updatePart(const QRect &part);
     void moveCursor(int columns, int rows);
     enum class RefreshScope { Parameter, Everything };
     void refreshCells(const QPoint &named, RefreshScope scope = RefreshScope::Everything);

@@ -2,6 +2,7 @@
 // What the operator's mouse and keys do to the grid.
 #include "widgets/lists/CGridPrivate.h"
 #include "widgets/lists/GridAccessible.h"
+#include "widgets/painting/Opacity.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -55,16 +56,11 @@ void CGrid::keyPressEvent(QKeyEvent *event)
         if (!event->isAutoRepeat() && !disabledUI())
             connectionChange(d->cursor.y(), d->cursor.x(), true);
         return;
-    case Qt::Key_Left:
-        return moveCursor(-1, 0);
-    case Qt::Key_Up:
-        return moveCursor(0, -1);
-    case Qt::Key_Right:
-        return moveCursor(1, 0);
-    case Qt::Key_Down:
-        return moveCursor(0, 1);
-    default:
-        event->ignore();
+    case Qt::Key_Left: return moveCursor(-1, 0);
+    case Qt::Key_Up: return moveCursor(0, -1);
+    case Qt::Key_Right: return moveCursor(1, 0);
+    case Qt::Key_Down: return moveCursor(0, 1);
+    default: event->ignore();
     }
 }
 
@@ -105,29 +101,22 @@ void CGrid::focusInEvent(QFocusEvent *event)
     const Qt::FocusReason reason = event->reason();
     if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason)
         d->keyboardCursor = true;
-    update(d->cellRect(d->cursor));
+    updatePart(d->cellRect(d->cursor));
 }
 
 void CGrid::focusOutEvent(QFocusEvent *)
 {
-    update(d->cellRect(d->cursor));
+    updatePart(d->cellRect(d->cursor));
 }
 
 bool CGrid::event(QEvent *event)
 {
     const bool handled = QWidget::event(event);
     switch (event->type()) {
-    case QEvent::Polish:
-    case QEvent::StyleChange:
-        // A style may have cleared it, though every pixel really is drawn.
-        setAttribute(Qt::WA_OpaquePaintEvent);
-        break;
+    case QEvent::ScreenChangeInternal: opacity::set(*this, true); break;
     case QEvent::EnabledChange:
-    case QEvent::PaletteChange:
-        update();
-        break;
-    default:
-        break;
+    case QEvent::PaletteChange: update(); break;
+    default: break;
     }
     return handled;
 }

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 // What of the grid is to be painted, and when.
 #include "widgets/lists/GridPainter.h"
+#include "widgets/painting/DevicePixels.h"
 
-#include <QPaintEvent>
 #include <QPainter>
+#include <QPaintEvent>
 
 #include <algorithm>
 
@@ -92,8 +93,9 @@ void CGrid::Private::refreshLane(int lane, const QRect &cells, std::vector<QRect
         return;
     for (int cell = first; cell <= last; ++cell) {
         const QPoint place = isColumn ? QPoint(lane, cell) : QPoint(cell, lane);
-        if (!before || connects(static_cast<int>(*before), place.y(), place.x())
-                != connects(static_cast<int>(*known), place.y(), place.x()))
+        if (!before
+            || connects(static_cast<int>(*before), place.y(), place.x())
+                   != connects(static_cast<int>(*known), place.y(), place.x()))
             changed.push_back(cellRect(place));
     }
 }
@@ -106,7 +108,7 @@ void CGrid::refreshCells(const QPoint &named, RefreshScope scope)
     if (cells.isEmpty())
         return;
     if (cells.contains(named))
-        update(d->cellRect(named));
+        updatePart(d->cellRect(named));
     if (!memAPI())
         return;
     std::vector<QRect> changed;
@@ -123,28 +125,39 @@ void CGrid::refreshCells(const QPoint &named, RefreshScope scope)
     if (changed.size() > MostSingleCells)
         update();
     else
-        std::for_each(changed.begin(), changed.end(), [this](const QRect &cell) { update(cell); });
+        std::for_each(changed.begin(), changed.end(),
+                      [this](const QRect &cell) { updatePart(cell); });
 }
 
 void CGrid::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
-    GridPainter picture(*this, painter);
     const QRegion &region = event->region();
+    if (!isWholeRatio(devicePixelRatio())) {
+        // The toolkit clips to pixels that a part has only a share of.
+        GridPainter(*this, painter).paint(region.boundingRect().adjusted(-1, -1, 1, 1) & rect());
+        return;
+    }
     for (const QRect &part : region) {
         // A cell that reaches into two parts must not be drawn twice over itself.
         if (region.rectCount() > 1)
             painter.setClipRect(part);
-        picture.paint(part);
+        GridPainter(*this, painter).paint(part);
     }
+}
+
+/// Asks for a paint of all pixels that the part has a share of.
+void CGrid::updatePart(const QRect &part)
+{
+    update(isWholeRatio(devicePixelRatio()) ? part : part.adjusted(-1, -1, 1, 1));
 }
 
 /// Paints the cross-hair, or the keyboard's cursor, where it is now.
 void CGrid::repaintCursor()
 {
     if (d->mouseInside) {
-        update(d->rowBar());
-        update(d->columnBar());
+        updatePart(d->rowBar());
+        updatePart(d->columnBar());
     }
-    update(d->cellRect(d->cursor));
+    updatePart(d->cellRect(d->cursor));
 }

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/lists/GridPainter.h"
 
-#include <QPainter>
+#include "widgets/painting/ImageStrip.h"
+#include "widgets/painting/Picture.h"
+
+#include <QRegion>
 
 #include <algorithm>
 
@@ -28,7 +31,7 @@ void GridPainter::paint(const QRect &exposed)
 void GridPainter::drawBG(const QRect &exposed)
 {
     const CGrid &grid = m_grid.grid;
-    m_painter.fillRect(exposed, grid.palette().brush(grid.backgroundRole()));
+    m_painter.fillRect(m_pixels.of(exposed), grid.palette().brush(grid.backgroundRole()));
 }
 
 void GridPainter::drawDisabledCells(const QRect &cells)
@@ -40,8 +43,9 @@ void GridPainter::drawDisabledCells(const QRect &cells)
             continue;
         m_disabled.push_back(part);
         const QPoint begin(m_grid.columns.begin(part.left()), m_grid.rows.begin(part.top()));
-        const QPoint end(m_grid.columns.begin(part.right() + 1), m_grid.rows.begin(part.bottom() + 1));
-        m_painter.fillRect(QRect(begin, end - QPoint(1, 1)), DisabledCell);
+        const QPoint end(m_grid.columns.begin(part.right() + 1),
+                         m_grid.rows.begin(part.bottom() + 1));
+        fill(QRect(begin, end - QPoint(1, 1)), DisabledCell);
     }
 }
 
@@ -55,36 +59,52 @@ void GridPainter::drawCursor(const QRect &exposed)
 {
     for (const QRect &bar : {m_grid.rowBar(), m_grid.columnBar()}) {
         if (bar.intersects(exposed))
-            m_painter.fillRect(bar & exposed, m_grid.cursorLineColor);
+            fill(bar & exposed, m_grid.cursorLineColor);
     }
 }
 
 void GridPainter::drawLines(const QRect &exposed, const QRect &cells)
 {
-    for (int column = cells.left(); column <= cells.right(); ++column)
-        m_painter.fillRect(m_grid.columns.end(column), exposed.top(), m_grid.columns.at(column).line,
-                           exposed.height(), m_grid.gridLineColor);
-    for (int row = cells.top(); row <= cells.bottom(); ++row)
-        m_painter.fillRect(exposed.left(), m_grid.rows.end(row), exposed.width(),
-                           m_grid.rows.at(row).line, m_grid.gridLineColor);
+    // All lines of one width are equally wide, wherever they fall between the pixels.
+    for (int column = cells.left(); column <= cells.right(); ++column) {
+        const int width = m_grid.columns.at(column).line;
+        QRect line =
+            m_pixels.of(QRect(m_grid.columns.end(column), exposed.top(), width, exposed.height()));
+        line.setWidth(m_pixels.width(width));
+        m_painter.fillRect(line, m_grid.gridLineColor);
+    }
+    for (int row = cells.top(); row <= cells.bottom(); ++row) {
+        const int width = m_grid.rows.at(row).line;
+        QRect line =
+            m_pixels.of(QRect(exposed.left(), m_grid.rows.end(row), exposed.width(), width));
+        line.setHeight(m_pixels.width(width));
+        m_painter.fillRect(line, m_grid.gridLineColor);
+    }
+}
+
+void GridPainter::fill(const QRect &part, const QColor &colour)
+{
+    m_painter.fillRect(m_pixels.of(part), colour);
 }
 
 void GridPainter::drawBalls(const QRect &cells)
 {
     if (!m_grid.grid.isEnabled())
         m_painter.setOpacity(DisabledOpacity);
-    m_ballSize = (QSizeF(m_grid.ball.size()) / m_grid.ball.devicePixelRatio()).toSize();
+    m_ballSize = picturecells::size(m_grid.ball, {1, 1});
     readLanes(cells);
     const GridStorage &storage = m_grid.storage();
     const bool lanesAreColumns = m_grid.lanesAreColumns();
     // Row by row, as pictures lie in memory, whatever way the lanes run.
     for (int row = cells.top(); row <= cells.bottom(); ++row) {
         for (int column = cells.left(); column <= cells.right(); ++column) {
-            const auto &value = lanesAreColumns ? m_values[static_cast<size_t>(column - cells.left())]
-                                                : m_values[static_cast<size_t>(row - cells.top())];
+            const auto &value = lanesAreColumns
+                                    ? m_values[static_cast<size_t>(column - cells.left())]
+                                    : m_values[static_cast<size_t>(row - cells.top())];
             const int field = m_across ? row - cells.top() : column - cells.left();
-            if (value && storage.connects(*value, m_across ? column : row,
-                                          m_fields[static_cast<size_t>(field)])
+            if (value
+                && storage.connects(*value, m_across ? column : row,
+                                    m_fields[static_cast<size_t>(field)])
                 && !isDisabled(column, row))
                 drawBall(row, column);
         }
@@ -110,8 +130,8 @@ void GridPainter::readLanes(const QRect &cells)
 
 std::optional<int> GridPainter::readLane(int lane, int first, int last)
 {
-    const auto at = m_grid.lanesAreColumns() ? m_grid.addressOf(first, lane)
-                                             : m_grid.addressOf(lane, first);
+    const auto at =
+        m_grid.lanesAreColumns() ? m_grid.addressOf(first, lane) : m_grid.addressOf(lane, first);
     if (!at)
         return {};
     const quint32 bits = m_grid.laneBits(lane, first, last);
@@ -127,16 +147,15 @@ void GridPainter::drawBall(int row, int column)
 {
     const QPoint begin(m_grid.columns.begin(column), m_grid.rows.begin(row));
     const QSize size(m_grid.columns.at(column).size, m_grid.rows.at(row).size);
-    const QPoint corner = begin + QPoint((size.width() - m_ballSize.width()) / 2,
-                                         (size.height() - m_ballSize.height()) / 2);
-    if (m_ballSize.width() <= size.width() && m_ballSize.height() <= size.height()) {
-        m_painter.drawPixmap(corner, m_grid.ball);
-        return;
-    }
-    const QRect shown = QRect(corner, m_ballSize) & QRect(begin, size);
-    const double ratio = m_grid.ball.devicePixelRatio();
-    const QRectF source(QPointF(shown.topLeft() - corner) * ratio, QSizeF(shown.size()) * ratio);
-    m_painter.drawPixmap(QRectF(shown), m_grid.ball, source);
+    const QPoint corner = begin
+                          + QPoint((size.width() - m_ballSize.width()) / 2,
+                                   (size.height() - m_ballSize.height()) / 2);
+    const QPixmap &ball = m_grid.ball;
+    const bool fits = m_ballSize.width() <= size.width() && m_ballSize.height() <= size.height();
+    if (fits && m_pixels.ratio() == 1 && ball.devicePixelRatio() == 1)
+        m_painter.drawPixmap(corner, ball);
+    else
+        drawBlit(m_painter, m_pixels, Blit::of(ball, ball.rect(), corner, QRect(begin, size)));
 }
 
 void GridPainter::drawKeyboardCursor(const QRect &exposed)
@@ -145,7 +164,9 @@ void GridPainter::drawKeyboardCursor(const QRect &exposed)
     const QRect cell = m_grid.cellRect(m_grid.cursor);
     if (!m_grid.keyboardCursor || !grid.hasFocus() || !cell.intersects(exposed))
         return;
-    m_painter.setPen(grid.palette().color(QPalette::Highlight));
-    m_painter.setBrush(Qt::NoBrush);
-    m_painter.drawRect(cell.adjusted(0, 0, -1, -1));
+    const QRect outer = m_pixels.of(cell);
+    const int width = m_pixels.width(1);
+    const QRegion frame = QRegion(outer) - outer.adjusted(width, width, -width, -width);
+    for (const QRect &side : frame)
+        m_painter.fillRect(side, grid.palette().color(QPalette::Highlight));
 }

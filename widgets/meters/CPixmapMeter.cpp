@@ -8,6 +8,7 @@
 #include "widgets/meters/ThresholdTable.h"
 #include "widgets/painting/BatchedPicture.h"
 #include "widgets/painting/ErasePixmap.h"
+#include "widgets/painting/ImageStrip.h"
 #include "widgets/painting/Picture.h"
 
 #include <QPainter>
@@ -212,10 +213,7 @@ int CPixmapMeter::meterLevelIndex(unsigned short code) const
 
 QSize CPixmapMeter::cellSize() const
 {
-    const QSize grid = d->grid();
-    const QSizeF cell = QSizeF(d->strip.width() / grid.width(), d->strip.height() / grid.height())
-                        / d->strip.devicePixelRatio();
-    return cell.toSize();
+    return picturecells::size(d->strip, d->grid());
 }
 
 void CPixmapMeter::adjustParams()
@@ -241,8 +239,7 @@ void CPixmapMeter::repaintScreenPrimitive(QPainter &painter)
 
 void CPixmapMeter::Private::describe(Picture &picture) const
 {
-    const QPoint at = cell();
-    picture.add(strip, NS_Utilities::partialPixmapRect(at, strip, grid()));
+    picture.add(strip, picturecells::cell(strip, grid(), cell()));
 }
 
 void CPixmapMeter::updateErasePixmap(QPixmap *pixmap)

@@ -8,6 +8,7 @@
 #include "widgets/meters/MeterWatch.h"
 #include "widgets/painting/BatchedPicture.h"
 #include "widgets/painting/ErasePixmap.h"
+#include "widgets/painting/ImageStrip.h"
 #include "widgets/painting/Picture.h"
 
 #include <QPainter>
@@ -226,11 +227,7 @@ void CThresholdMeter::setCurrentImage(int row)
 
 QSize CThresholdMeter::cellSize() const
 {
-    if (d->subImages < 1)
-        return {0, 0};
-    const QSizeF cell =
-        QSizeF(d->strip.width(), d->strip.height() / d->subImages) / d->strip.devicePixelRatio();
-    return cell.toSize();
+    return picturecells::size(d->strip, {1, d->subImages});
 }
 
 void CThresholdMeter::adjustParams()
@@ -257,7 +254,7 @@ void CThresholdMeter::repaintScreenPrimitive(QPainter &painter)
 
 void CThresholdMeter::Private::describe(Picture &picture) const
 {
-    picture.add(strip, NS_Utilities::partialPixmapRect({0, currentImage}, strip, {1, subImages}));
+    picture.add(strip, picturecells::cell(strip, {1, subImages}, {0, currentImage}));
 }
 
 void CThresholdMeter::updateErasePixmap(QPixmap *pixmap)

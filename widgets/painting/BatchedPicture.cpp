@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/painting/BatchedPicture.h"
 
-#include "widgets/painting/DevicePixels.h"
+#include "widgets/painting/Opacity.h"
 #include "widgets/painting/PaintBatch.h"
 #include "widgets/painting/Picture.h"
 #include "widgets/painting/StorePixels.h"
@@ -22,12 +22,29 @@ BatchedPicture::~BatchedPicture()
 
 void BatchedPicture::changed()
 {
-    if (m_turn >= 0)
-        return;
-    if (isPossible())
-        PaintBatch::instance().add(*this);
-    else
+    if (!joinBatch())
         m_widget.update();
+}
+
+void BatchedPicture::changed(const QRegion &part)
+{
+    if (joinBatch())
+        return;
+    if (isWholeRatio(m_widget.devicePixelRatio()))
+        m_widget.update(part);
+    else
+        m_widget.update(); // the toolkit clips to pixels that a part has only a share of
+}
+
+/// False if the control has to be painted instead.
+bool BatchedPicture::joinBatch()
+{
+    if (m_turn >= 0)
+        return true;
+    if (!isPossible())
+        return false;
+    PaintBatch::instance().add(*this);
+    return true;
 }
 
 /// So far as the control itself is concerned.
@@ -39,16 +56,10 @@ bool BatchedPicture::isPossible() const
 
 void BatchedPicture::setOpaque(bool opaque)
 {
+    if (opaque != m_opaque)
+        m_ground.forget();
     m_opaque = opaque;
-    m_ground.forget();
-    followRatio(m_widget.devicePixelRatio());
-}
-
-/// The toolkit leaves out what an opaque control hides. Between pixels it gets that wrong: neither the
-/// control nor what is below it is painted on a pixel that both have a part of.
-void BatchedPicture::followRatio(qreal ratio)
-{
-    m_widget.setAttribute(Qt::WA_OpaquePaintEvent, m_opaque && isWholeRatio(ratio));
+    opacity::set(m_widget, opaque);
 }
 
 void BatchedPicture::paint(QPainter &painter, const QPaintEvent &event)
@@ -58,14 +69,19 @@ void BatchedPicture::paint(QPainter &painter, const QPaintEvent &event)
         m_ground.take(m_widget, *store, event);
     else
         m_ground.forget(); // what changes behind it meanwhile would not be seen
-    if (store
-        && m_widget.testAttribute(Qt::WA_OpaquePaintEvent)
-               != (m_opaque && isWholeRatio(store->devicePixelRatio()))) {
-        followRatio(store->devicePixelRatio());
-        m_widget.update();
-    }
+    followScreen(store);
     draw(painter);
     drawn();
+}
+
+/// The window may be on a screen with another ratio than when the picture was made.
+void BatchedPicture::followScreen(const QImage *store)
+{
+    const bool told = m_widget.testAttribute(Qt::WA_OpaquePaintEvent);
+    if (!store || told == (m_opaque && isWholeRatio(store->devicePixelRatio())))
+        return;
+    opacity::set(m_widget, m_opaque, store->devicePixelRatio());
+    m_widget.update();
 }
 
 void BatchedPicture::draw(QPainter &painter) const

@@ -9,6 +9,7 @@
 class Picture;
 class QPaintEvent;
 class QPainter;
+class QRegion;
 class QWidget;
 class StorePixels;
 
@@ -33,6 +34,8 @@ public:
 
     /// The picture has changed: it is drawn before the event loop waits again.
     void changed();
+    /// The same where only `part` of the picture has changed, in case that is to be painted.
+    void changed(const QRegion &part);
 
     /// The picture hides all that is behind the control, or not (at first).
     void setOpaque(bool opaque);
@@ -64,8 +67,9 @@ private:
     friend class PaintBatch;
 
     bool isPossible() const;
+    bool joinBatch();
+    void followScreen(const QImage *store);
     void drawInto(StorePixels &pixels, const QPoint &corner);
-    void followRatio(qreal ratio);
 
     QWidget &m_widget;
     const std::type_info *m_drawn;

@@ -29,6 +29,8 @@ public:
     {
     }
 
+    /// The control, device-independent.
+    const QSize &size() const { return m_size; }
     /// The pixels of the whole control.
     const QRect &all() const { return m_all; }
 

@@ -6,6 +6,23 @@
 
 #include <QDebug>
 #include <QImage>
+#include <QtMath>
+
+QRect picturecells::cell(const QPixmap &picture, const QSize &grid, const QPoint &at)
+{
+    return NS_Utilities::partialPixmapRect(at, picture, grid);
+}
+
+QSizeF picturecells::exactSize(const QPixmap &picture, const QSize &grid)
+{
+    return QSizeF(cell(picture, grid, {0, 0}).size()) / picture.devicePixelRatio();
+}
+
+QSize picturecells::size(const QPixmap &picture, const QSize &grid)
+{
+    const QSizeF exact = exactSize(picture, grid);
+    return {qCeil(exact.width()), qCeil(exact.height())};
+}
 
 void ImageStrip::setPicture(const QPixmap &picture)
 {
@@ -94,12 +111,12 @@ void ImageStrip::gridChanged()
 /// Every paint asks for it; the picture changes hardly ever.
 void ImageStrip::measure() const
 {
-    m_cellSize = QSizeF(cell(0, 0).size()) / m_picture.devicePixelRatio();
+    m_cellSize = picturecells::exactSize(m_picture, {categories(), m_rows});
 }
 
 QRect ImageStrip::cell(int category, int row) const
 {
-    return NS_Utilities::partialPixmapRect({category, row}, m_picture, {categories(), m_rows});
+    return picturecells::cell(m_picture, {categories(), m_rows}, {category, row});
 }
 
 QPoint ImageStrip::shownCell(int row, bool enabled) const

@@ -12,6 +12,18 @@
 class QObject;
 class Picture;
 
+/// A picture that is a grid of equal cells, columns and rows; pixels that do not divide are cut off.
+namespace picturecells {
+
+/// The pixels of the cell in column x and row y; a negative column is column 0. Empty if there is none.
+CONSOLEWIDGETS_TESTED QRect cell(const QPixmap &picture, const QSize &grid, const QPoint &at);
+/// What a cell takes, device-independent; empty without cells.
+CONSOLEWIDGETS_TESTED QSizeF exactSize(const QPixmap &picture, const QSize &grid);
+/// The same for layouts: as many whole device-independent pixels as it has a part of.
+CONSOLEWIDGETS_TESTED QSize size(const QPixmap &picture, const QSize &grid);
+
+} // namespace picturecells
+
 /// All pictures of a control in one: a grid of equal cells, the columns being alternative looks
 /// (categories) and the rows value positions, one of which may show the disabled control.
 /// Sizes for layout and drawing are device-independent: a picture with device pixel ratio 2 counts

@@ -1,28 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/painting/Picture.h"
 
-#include "widgets/painting/DevicePixels.h"
+#include "widgets/painting/OnDevicePixels.h"
 #include "widgets/painting/ScaledCells.h"
 
 #include <QPainter>
-
-namespace {
-
-/// Whether device-independent pixels become squares that stand upright.
-bool isUpright(const QTransform &toDevice)
-{
-    return toDevice.type() <= QTransform::TxScale && toDevice.m11() > 0
-           && toDevice.m11() == toDevice.m22();
-}
-
-} // namespace
 
 void Picture::add(const QPixmap &picture, const QRect &cell, const QPointF &corner,
                   const QRectF &shown)
 {
     if (!cell.isEmpty())
-        m_blits.append(
-            {&picture, cell, {corner, QSizeF(cell.size()) / picture.devicePixelRatio()}, shown});
+        m_blits.append(Blit::of(picture, cell, corner, shown));
 }
 
 void Picture::draw(QPainter &painter) const
@@ -31,40 +19,28 @@ void Picture::draw(QPainter &painter) const
         painter.fillRect(QRect(QPoint(0, 0), m_size), m_background);
     if (m_blits.isEmpty())
         return;
-    const QTransform toDevice = painter.deviceTransform();
-    if (!isUpright(toDevice)) {
+    if (!OnDevicePixels::isPossible(painter)) {
         drawTransformed(painter);
         return;
     }
-    const QPointF origin(toDevice.dx(), toDevice.dy());
-    const DevicePixels pixels(origin, toDevice.m11(), m_size);
-    if (toDevice.m11() == 1) {
-        drawOnPixels(painter, pixels, -origin);
-        return;
-    }
-    const QTransform world = painter.worldTransform();
-    painter.setWorldTransform(toDevice.inverted() * world);
-    drawOnPixels(painter, pixels, {});
-    painter.setWorldTransform(world);
+    const OnDevicePixels pixels(painter, m_size);
+    for (const Blit &blit : m_blits)
+        drawBlit(painter, pixels, blit);
 }
 
-/// The painter's pixels are those of the device, `shift` away.
-void Picture::drawOnPixels(QPainter &painter, const DevicePixels &pixels,
-                           const QPointF &shift) const
+void drawBlit(QPainter &painter, const OnDevicePixels &pixels, const Blit &blit)
 {
-    for (const Blit &blit : m_blits) {
-        const QRect whole = pixels.of(blit.place);
-        const QRect seen = whole & pixels.of(blit.shown);
-        if (seen.isEmpty())
-            continue;
-        const QRectF target = QRectF(seen).translated(shift);
-        const QRectF source(seen.translated(-whole.topLeft()));
-        if (whole.size() == blit.cell.size())
-            painter.drawPixmap(target, *blit.picture, source.translated(blit.cell.topLeft()));
-        else
-            painter.drawImage(target, scaledcells::find(*blit.picture, blit.cell, whole.size()),
-                              source);
-    }
+    const QRect whole = pixels.of(blit.place);
+    const QRect seen = whole & pixels.of(blit.shown);
+    if (seen.isEmpty())
+        return;
+    const QPoint from = seen.topLeft() - whole.topLeft();
+    if (whole.size() == blit.cell.size())
+        painter.drawPixmap(QRectF(seen), *blit.picture,
+                           QRectF(QRect(blit.cell.topLeft() + from, seen.size())));
+    else
+        painter.drawImage(QRectF(seen), scaledcells::find(*blit.picture, blit.cell, whole.size()),
+                          QRectF(QRect(from, seen.size())));
 }
 
 /// Turned or stretched, as in a graphics scene: there are no pixels to keep to.

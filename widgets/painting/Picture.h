@@ -8,7 +8,7 @@
 #include <QRectF>
 #include <QVarLengthArray>
 
-class DevicePixels;
+class OnDevicePixels;
 class QPainter;
 
 /// One cell of a picture, and where it stands in a control.
@@ -18,7 +18,17 @@ struct Blit
     QRect cell;             ///< in the picture's pixels
     QRectF place;           ///< of the whole cell in the control, device-independent
     QRectF shown;           ///< what of the control it may cover
+
+    /// A cell whose upper left corner stands at `corner`.
+    static Blit of(const QPixmap &picture, const QRect &cell, const QPointF &corner,
+                   const QRectF &shown)
+    {
+        return {&picture, cell, {corner, QSizeF(cell.size()) / picture.devicePixelRatio()}, shown};
+    }
 };
+
+/// Draws one, by a painter on the control that draws in pixels.
+void drawBlit(QPainter &painter, const OnDevicePixels &pixels, const Blit &blit);
 
 /// What a control looks like: a background, if it has one of its own, and a few cells of pictures over
 /// it, in the order in which they are drawn. A control describes itself so once; whoever needs its
@@ -51,7 +61,6 @@ public:
     void draw(QPainter &painter) const;
 
 private:
-    void drawOnPixels(QPainter &painter, const DevicePixels &pixels, const QPointF &shift) const;
     void drawTransformed(QPainter &painter) const;
 
     QSize m_size;

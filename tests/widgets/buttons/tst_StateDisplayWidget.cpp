@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/PaintWatch.h"
 #include "testkit/RecordingMemory.h"
 #include "testkit/TestStrip.h"
+#include "tests/support/PaintWatch.h"
 #include "widgets/binding/TCacheServer.h"
 #include "widgets/buttons/StateDisplayWidget.h"
 
@@ -131,8 +131,8 @@ void tst_StateDisplayWidget::settersOnlyStore()
     Rig rig;
     rig.bind();
     rig.show();
-    rig.change(3);
     PaintWatch paints(*rig.display);
+    rig.change(3);
     paints.take();
     rig.display->setCmpValue(3);
     rig.display->setBooleanLogic(true);

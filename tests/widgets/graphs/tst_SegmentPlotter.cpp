@@ -164,13 +164,13 @@ void tst_SegmentPlotter::nothingIsDrawnOutside()
 void tst_SegmentPlotter::onePixelPerDecibelStandsOnTheBottom()
 {
     Plot plot;
-    plot.plotter.plotPixelPerDecibel({91, 120}, identity);
+    plot.plotter.plotPixelsPerDecibel(1, {91, 120}, identity);
     QCOMPARE(plot.dots.first(), QPoint(0, 119));
     QCOMPARE(plot.dots.last(), QPoint(90, 29));
     QCOMPARE(plot.dots.size(), 91);
     // To the right of +18 dB it goes on as far as the output is shown.
     Plot wide;
-    wide.plotter.plotPixelPerDecibel({200, 91}, [](int input) { return input - 30; });
+    wide.plotter.plotPixelsPerDecibel(1, {200, 91}, [](int input) { return input - 30; });
     QCOMPARE(wide.dots.first(), QPoint(29, 90));
     QCOMPARE(wide.dots.last(), QPoint(120, 0));
 }
