@@ -22,6 +22,24 @@ const QString ChannelParameter = QStringLiteral("kInputFader/kFader");
 
 constexpr const char *ElementProperty = FormRepeater::ElementProperty;
 
+/// Tabs that are as high as what stands in the corner beside them, which would be cut off otherwise.
+class ScreenTabs : public QTabBar
+{
+public:
+    explicit ScreenTabs(QTabWidget &pages) : QTabBar(&pages), m_pages(pages) {}
+
+protected:
+    QSize tabSizeHint(int index) const override
+    {
+        const QWidget *corner = m_pages.cornerWidget(Qt::TopRightCorner);
+        const QSize own = QTabBar::tabSizeHint(index);
+        return corner ? own.expandedTo({0, corner->sizeHint().height()}) : own;
+    }
+
+private:
+    const QTabWidget &m_pages;
+};
+
 /// `name`, with a number behind it when it is taken.
 QString uniqueName(const QString &name, const QStringList &taken)
 {
@@ -48,7 +66,7 @@ ScreenPages::ScreenPages(ParameterMemory &memory, QWidget *parent)
     : QTabWidget(parent), d(std::make_unique<Private>(memory))
 {
     auto *turn = new PageTurn(*this);
-    auto *bar = new QTabBar(this);
+    auto *bar = new ScreenTabs(*this);
     // Before the tab widget hears of it, and after.
     connect(bar, &QTabBar::currentChanged, turn, &PageTurn::begin);
     setTabBar(bar);

@@ -6,6 +6,7 @@
 #include "interfaces/utilities/YPainter.h"
 #include "widgets/binding/Binding.h"
 #include "widgets/binding/ShownTextAccessible.h"
+#include "widgets/painting/Opacity.h"
 
 #include <QElapsedTimer>
 #include <QEvent>
@@ -101,7 +102,7 @@ CTimeDisplay::CTimeDisplay(QWidget *parent, const char *name)
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAttribute(Qt::WA_StaticContents);
     setAttribute(Qt::WA_NoSystemBackground);
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    opacity::set(*this, true);
     d->clock.start();
     connect(&d->request, &QTimer::timeout, this, &CTimeDisplay::postTimecodeRequest);
     d->request.start(RequestInterval);
@@ -190,8 +191,8 @@ bool CTimeDisplay::event(QEvent *event)
     const bool handled = QWidget::event(event);
     if (event->type() == QEvent::Polish)
         d->measure();
-    if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange)
-        setAttribute(Qt::WA_OpaquePaintEvent);
+    if (opacity::mustBeToldAfter(*event))
+        opacity::set(*this, true);
     return handled;
 }
 
