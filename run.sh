@@ -7,7 +7,7 @@ export LANG=C.UTF-8 LC_ALL=C.UTF-8
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd -P)
 "$root/scripts/setup.sh"
-"$root/scripts/build.sh" release
+"$root/scripts/build.sh" release console-editor
 editor="$root/build/release/editor/console-editor"
 
 if (($# == 0)) && [[ -z ${DISPLAY:-} && -z ${WAYLAND_DISPLAY:-} ]]; then

@@ -1,15 +1,17 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Configures and builds one preset: scripts/build.sh release
+# Configures one preset and builds it, all of it or the targets that are named:
+# scripts/build.sh release console-editor
 set -euo pipefail
 
-if (($# != 1)); then
-    echo "usage: scripts/build.sh PRESET" >&2
+if (($# == 0)); then
+    echo "usage: scripts/build.sh PRESET [TARGET...]" >&2
     exit 2
 fi
 
 cd -P -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
 preset=$1
+shift
 build="build/$preset"
 stamp="$build/.configured"
 
@@ -26,5 +28,5 @@ if ! configured_here; then
     cmake --fresh --preset "$preset"
     touch "$stamp"
 fi
-echo "build: building $preset"
-cmake --build --preset "$preset"
+echo "build: building ${*:-all} of $preset"
+cmake --build --preset "$preset" ${*:+--target "$@"}
