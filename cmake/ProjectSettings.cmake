@@ -61,3 +61,32 @@ target_precompile_headers(console-precompiled PRIVATE
 function(console_precompile target)
     target_precompile_headers(${target} REUSE_FROM console-precompiled)
 endfunction()
+
+# Release builds compile the sources of a folder as one, which takes two thirds of the time. What stands
+# in their unnamed namespaces has names of its own in the folder, therefore.
+option(CONSOLEWIDGETS_UNITY "Compile the sources of a folder at once" OFF)
+set(CMAKE_UNITY_BUILD OFF)
+
+# console_unity(TARGET [APART name...]): one unit for each folder that the target's sources are in; the
+# sources and folders named, from the root of the tree, are compiled by themselves.
+function(console_unity target)
+    if(NOT CONSOLEWIDGETS_UNITY)
+        return()
+    endif()
+    cmake_parse_arguments(UNITY "" "" "APART" ${ARGN})
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+    # The compiler takes all sources of a unit but one for headers.
+    target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+    get_target_property(sources ${target} SOURCES)
+    list(FILTER sources INCLUDE REGEX "\\.cpp$")
+    foreach(source IN LISTS sources)
+        get_filename_component(source ${source} ABSOLUTE)
+        file(RELATIVE_PATH name ${PROJECT_SOURCE_DIR} ${source})
+        get_filename_component(folder ${name} DIRECTORY)
+        if(NOT name IN_LIST UNITY_APART AND NOT folder IN_LIST UNITY_APART)
+            string(MAKE_C_IDENTIFIER ${folder} unit)
+            set_source_files_properties(${source} TARGET_DIRECTORY ${target}
+                PROPERTIES UNITY_GROUP ${unit})
+        endif()
+    endforeach()
+endfunction()

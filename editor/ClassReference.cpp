@@ -23,7 +23,7 @@ namespace {
 
 constexpr int sampleElement = 2;
 constexpr int consoleMilliseconds = 200;
-constexpr int timeDigits = 22;
+constexpr int sampleDigits = 22;
 
 struct Setting
 {
@@ -89,7 +89,7 @@ void fill(QWidget &sample)
         blind->setOpen(true);
     } else if (qobject_cast<CTimeDisplay *>(&sample)) {
         QFont digits = sample.font();
-        digits.setPointSize(timeDigits);
+        digits.setPointSize(sampleDigits);
         sample.setFont(digits);
     }
 }

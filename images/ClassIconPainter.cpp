@@ -12,9 +12,8 @@ namespace artwork {
 
 namespace {
 
-constexpr QColor lineColour(204, 210, 218);
 constexpr QColor dimColour(96, 104, 114);
-constexpr QPointF middle(classIconSide / 2.0, classIconSide / 2.0);
+constexpr QPointF iconMiddle(classIconSide / 2.0, classIconSide / 2.0);
 
 QPen pen(const QColor &colour, double width)
 {
@@ -50,14 +49,14 @@ void write(QPainter &painter, const char *text, double height, const QColor &col
 {
     painter.setBrush(Qt::NoBrush);
     painter.setPen(pen(colour, 1.3));
-    painter.drawPath(strokeText(text, height).translated(middle));
+    painter.drawPath(strokeText(text, height).translated(iconMiddle));
 }
 
 void knob(QPainter &painter, const QColor &colour)
 {
     constexpr double pointer = 40;
     painter.save();
-    painter.translate(middle + QPointF(0, 0.5));
+    painter.translate(iconMiddle + QPointF(0, 0.5));
     painter.setPen(pen(dimColour, 2));
     painter.drawPath(arcPath(8, firstAngle, lastAngle));
     painter.setPen(pen(colour, 2));

@@ -8,6 +8,9 @@
 
 namespace artwork {
 
+/// What the lines of icons are drawn in.
+inline constexpr QColor lineColour(204, 210, 218);
+
 /// Radians of an angle in degrees.
 double radians(double degrees);
 

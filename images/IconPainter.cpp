@@ -12,8 +12,6 @@ namespace artwork {
 
 namespace {
 
-constexpr QColor lineColour(204, 210, 218);
-
 void paintPlate(QPainter &painter)
 {
     QLinearGradient plate(0, 2, 0, 62);

@@ -11,8 +11,8 @@ namespace artwork {
 
 namespace {
 
-constexpr QColor groundColour(32, 35, 39);
-constexpr QColor wellColour(10, 11, 13);
+constexpr QColor lampGround(32, 35, 39);
+constexpr QColor lampWell(10, 11, 13);
 constexpr QColor faintLine(104, 111, 120);
 constexpr int groupCount = 8;
 constexpr double linePen = 1.3;
@@ -25,18 +25,18 @@ QPen roundPen(const QColor &colour, double width = linePen)
 void paintLamp(QPainter &painter, const QRectF &body, const QColor &colour, bool lit)
 {
     painter.setPen(Qt::NoPen);
-    painter.setBrush(lit ? blend(colour, wellColour, 0.55) : wellColour);
+    painter.setBrush(lit ? blend(colour, lampWell, 0.55) : lampWell);
     painter.drawRoundedRect(body.adjusted(-1, -1, 1, 1), 3, 3);
     QLinearGradient face(body.topLeft(), body.bottomLeft());
-    face.setColorAt(0, lit ? blend(colour, Qt::white, 0.4) : blend(colour, wellColour, 0.72));
-    face.setColorAt(1, lit ? colour : blend(colour, wellColour, 0.82));
+    face.setColorAt(0, lit ? blend(colour, Qt::white, 0.4) : blend(colour, lampWell, 0.72));
+    face.setColorAt(1, lit ? colour : blend(colour, lampWell, 0.82));
     painter.setBrush(face);
     painter.drawRoundedRect(body, 2, 2);
 }
 
 void paintGroupLamps(QPainter &painter, QSize size, bool lit)
 {
-    painter.fillRect(QRect(QPoint(0, 0), size), groundColour);
+    painter.fillRect(QRect(QPoint(0, 0), size), lampGround);
     const double height = double(size.height()) / groupCount;
     for (int lamp = 0; lamp < groupCount; ++lamp)
         paintLamp(painter, QRectF(3, lamp * height + 3, size.width() - 6, height - 6),
@@ -54,7 +54,7 @@ QPainterPath highPass(const QPointF &left)
 
 void paintPortLamps(QPainter &painter, QSize size, bool lit)
 {
-    painter.fillRect(QRect(QPoint(0, 0), size), groundColour);
+    painter.fillRect(QRect(QPoint(0, 0), size), lampGround);
     const double height = size.height() / 2.0;
     painter.setBrush(Qt::NoBrush);
     painter.setPen(roundPen(lit ? blend(accent::red, Qt::white, 0.5) : faintLine, 1.1));
@@ -72,7 +72,7 @@ void paintSlats(QPainter &painter, const QRectF &area, const QColor &top, const 
         QLinearGradient slat(0, y, 0, y + pitch);
         slat.setColorAt(0, top);
         slat.setColorAt(0.85, bottom);
-        slat.setColorAt(1, wellColour);
+        slat.setColorAt(1, lampWell);
         painter.fillRect(QRectF(area.left(), y, area.width(), pitch), slat);
     }
 }
@@ -110,7 +110,7 @@ void paintPairStates(QPainter &painter, QSize size)
 {
     constexpr double radius = 7;
     const QPointF middle(size.width() / 2.0, size.height() / 4.0);
-    painter.fillRect(QRect(QPoint(0, 0), size), groundColour);
+    painter.fillRect(QRect(QPoint(0, 0), size), lampGround);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(roundPen(faintLine, 1.8));
     painter.drawEllipse(middle, radius, radius);
@@ -126,7 +126,7 @@ void paintRollClosed(QPainter &painter, QSize size)
     const QPointF middle(size.width() / 2.0, size.height() / 2.0);
     painter.drawPolyline(QPolygonF({middle + QPointF(-7, -3), middle + QPointF(0, 4),
                                     middle + QPointF(7, -3)}));
-    paintEdge(painter, size, wellColour);
+    paintEdge(painter, size, lampWell);
 }
 
 void paintRollMoving(QPainter &painter, QSize size)
@@ -142,7 +142,7 @@ void paintRollOpen(QPainter &painter, QSize size)
     ground.setColorAt(0, QColor(24, 27, 30));
     ground.setColorAt(1, QColor(40, 44, 49));
     painter.fillRect(QRect(QPoint(0, 0), size), ground);
-    paintEdge(painter, size, blend(accent::teal, wellColour, 0.6));
+    paintEdge(painter, size, blend(accent::teal, lampWell, 0.6));
 }
 
 } // namespace artwork
