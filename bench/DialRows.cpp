@@ -8,7 +8,7 @@
 #include "bench/Scale.h"
 #include "bench/Stage.h"
 #include "companions/memory/ParameterMemory.h"
-#include "widgets/painting/BatchedPicture.h"
+#include "widgets/painting/PictureBatches.h"
 #include "widgets/controls/CDial.h"
 
 #include <QPainter>
@@ -171,7 +171,7 @@ Measurement dialUnchanged()
 Measurement dialSameRow()
 {
     constexpr int Rows = 10;
-    BatchedPicture::setEnabled(false); // paint events can be counted
+    picturebatches::setEnabled(false); // paint events can be counted
     DialScene scene(knobstrip::opaque(Rows), Rows);
     const PaintCounter counter(scene.dial());
     int changes = 0;
@@ -191,6 +191,6 @@ Measurement dialSameRow()
     }
     if (counter.paints - paintsForNothing != pictures)
         qFatal("a new picture was not painted");
-    BatchedPicture::setEnabled(true);
+    picturebatches::setEnabled(true);
     return counted(double(paintsForNothing) / changes);
 }

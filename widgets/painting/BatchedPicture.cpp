@@ -4,6 +4,7 @@
 #include "widgets/painting/Opacity.h"
 #include "widgets/painting/PaintBatch.h"
 #include "widgets/painting/Picture.h"
+#include "widgets/painting/PictureBatches.h"
 #include "widgets/painting/StorePixels.h"
 
 #include <QPainter>
@@ -11,7 +12,7 @@
 #include <QWidget>
 
 namespace {
-bool enabled = true;
+bool batchesEnabled = true;
 } // namespace
 
 BatchedPicture::~BatchedPicture()
@@ -50,7 +51,7 @@ bool BatchedPicture::joinBatch()
 /// So far as the control itself is concerned.
 bool BatchedPicture::isPossible() const
 {
-    return enabled && m_widget.isVisible() && (m_opaque || m_ground.picture())
+    return batchesEnabled && m_widget.isVisible() && (m_opaque || m_ground.picture())
            && typeid(m_widget) == *m_drawn && isAll();
 }
 
@@ -65,7 +66,7 @@ void BatchedPicture::setOpaque(bool opaque)
 void BatchedPicture::paint(QPainter &painter, const QPaintEvent &event)
 {
     const QImage *store = Ground::storeBehind(m_widget, painter);
-    if (store && enabled && !m_opaque)
+    if (store && batchesEnabled && !m_opaque)
         m_ground.take(m_widget, *store, event);
     else
         m_ground.forget(); // what changes behind it meanwhile would not be seen
@@ -99,12 +100,12 @@ void BatchedPicture::drawInto(StorePixels &pixels, const QPoint &corner)
     drawn();
 }
 
-void BatchedPicture::setEnabled(bool on)
+void picturebatches::setEnabled(bool on)
 {
-    enabled = on;
+    batchesEnabled = on;
 }
 
-bool BatchedPicture::isEnabled()
+bool picturebatches::areEnabled()
 {
-    return enabled;
+    return batchesEnabled;
 }

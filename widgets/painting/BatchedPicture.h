@@ -22,7 +22,8 @@ class StorePixels;
 ///
 /// It follows that event filters and overrides of paintEvent() do not see all pictures. A subclass is
 /// drawn with paint events until it says that its picture is still that of its base class
-/// (drawsLike()); setEnabled(false) brings paint events back for all controls. GUI thread.
+/// (drawsLike()); picturebatches::setEnabled(false) brings paint events back for all controls. GUI
+/// thread.
 class CONSOLEWIDGETS_TESTED BatchedPicture
 {
 public:
@@ -48,10 +49,6 @@ public:
 
     /// Objects of exactly that class are drawn the same way.
     void drawsLike(const std::type_info &drawn) { m_drawn = &drawn; }
-
-    /// Whether pictures are drawn in batches at all; true at first.
-    static void setEnabled(bool enabled);
-    static bool isEnabled();
 
 protected:
     virtual ~BatchedPicture();

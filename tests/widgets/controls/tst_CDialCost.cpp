@@ -225,8 +225,8 @@ void tst_CDialCost::aChangeAllocatesItsTextAtMost()
     QFETCH(bool, heard);
     QFETCH(int, texts);
     QFETCH(bool, batched);
-    BatchedPicture::setEnabled(batched);
-    const auto restore = qScopeGuard([] { BatchedPicture::setEnabled(true); });
+    picturebatches::setEnabled(batched);
+    const auto restore = qScopeGuard([] { picturebatches::setEnabled(true); });
     Scene scene;
     scene.dial.setTableId(tableId);
     scene.dial.disconnectMemAPI(); // the refresh is called by hand

@@ -4,7 +4,7 @@
 #include "testkit/TestStrip.h"
 #include "widgets/controls/CDial.h"
 #include "widgets/meters/CMeter.h"
-#include "widgets/painting/BatchedPicture.h"
+#include "widgets/painting/PictureBatches.h"
 #include "widgets/painting/DrawnRegion.h"
 
 #include <QBackingStore>
@@ -304,14 +304,14 @@ void tst_BatchedPicture::whatIsBehindFollows()
 void tst_BatchedPicture::switchedOffEveryPictureIsPainted()
 {
     Scene scene(false);
-    BatchedPicture::setEnabled(false);
+    picturebatches::setEnabled(false);
     QCOMPARE(scene.paintsOfChange(), 1);
     QCOMPARE(scene.paintsOf([&] {
         for (int value = 1; value < 4; ++value)
             scene.dial().setValue(value);
     }),
              1);
-    BatchedPicture::setEnabled(true);
+    picturebatches::setEnabled(true);
     QCOMPARE(scene.paintsOfChange(), 0);
 }
 
