@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Builds everything and runs all tests, without a display; under the thread sanitizer those that use a
-# second thread. The exit status is that of the tests.
+# Builds everything and runs all tests, without a display: those that need a screen bring their own. Under
+# the thread sanitizer those that use a second thread. The exit status is that of the tests.
 set -euo pipefail
 export LANG=C.UTF-8 LC_ALL=C.UTF-8
 
@@ -21,7 +21,7 @@ case "$#:${1:-}:${2:-}" in
 esac
 
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")"
-scripts/setup.sh
+scripts/setup.sh xvfb openbox weston
 scripts/build.sh "$preset"
 
 # The thread sanitizer of this compiler cannot place its memory where addresses are spread widely.

@@ -74,33 +74,43 @@ void Checker::comparePictures()
         MainWindow *window = m_windows.window(number);
         if (!window || !window->isVisible() || window->isMinimized())
             continue;
-        const QImage shown = windowpicture::present(*window);
-        if (shown.isNull())
-            continue;
-        ++m_compared;
-        const QImage &due = m_pictures[window] = windowpicture::repainted(*window);
-        compare(*window, shown, due, QStringLiteral("shows pixels that a paint does not give"));
+        comparePictures(*window);
     }
+}
+
+void Checker::comparePictures(MainWindow &window)
+{
+    window.raise();
+    auto where = windowpicture::best();
+    QImage shown = windowpicture::present(window, where);
+    // Where windows are not raised by those whom they belong to, one may stay below others.
+    if (shown.isNull())
+        shown = windowpicture::present(window, where = windowpicture::Where::Store);
+    if (shown.isNull())
+        return;
+    ++m_compared;
+    m_photographed += where == windowpicture::Where::Screen;
+    const Picture &due = m_pictures[&window] = {where, windowpicture::repainted(window, where)};
+    compare(window, shown, due.image, QStringLiteral("shows pixels that a paint does not give"));
 }
 
 void Checker::compareAfterReading()
 {
     m_memory.alert(-1, 0, 0);
     deliverPosted();
-    for (const auto &[window, before] : m_pictures)
-        compare(*window, before, windowpicture::present(*window),
+    for (const auto &[window, before] : m_pictures) {
+        window->raise();
+        compare(*window, before.image, windowpicture::present(*window, before.where),
                 QStringLiteral("shows something else after reading the memory again"));
+    }
 }
 
 void Checker::compare(QWidget &window, const QImage &shown, const QImage &due, const QString &fault)
 {
-    const QRegion differing = windowpicture::differing(shown, due);
+    const QRegion differing = windowpicture::differing(window, shown, due);
     if (differing.isEmpty())
         return;
-    std::map<QWidget *, QRect> places;
-    for (const QRect &part : differing)
-        places[windowpicture::widgetAt(window, shown, part)] |= part;
-    for (const auto &[widget, part] : places)
+    for (const auto &[widget, part] : windowpicture::widgetsAt(window, differing))
         report(QStringLiteral("%1 in '%2' %3: %4x%5 pixels at %6,%7")
                    .arg(shownvalue::describe(*widget), SoakWindows::nameOf(window), fault)
                    .arg(part.width())

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "editor/soak/WindowPicture.h"
+
 #include <QDir>
 #include <QImage>
 #include <QString>
@@ -25,7 +27,8 @@ public:
 
     /// The console must be held. Lets everything that waits come to its end, and then
     /// - compares the value of each control with the memory's,
-    /// - compares what each window shows with what it shows when all of it is painted anew,
+    /// - compares what each window shows, on the screen where one can be photographed and is not covered,
+    ///   with what it shows when all of it is painted anew,
     /// - asks every control to read its value again, and compares once more.
     void check();
 
@@ -35,6 +38,8 @@ public:
     int checks() const { return m_checks; }
     qint64 controlsCompared() const { return m_controls; }
     qint64 windowsCompared() const { return m_compared; }
+    /// As many of them on the screen.
+    qint64 windowsPhotographed() const { return m_photographed; }
     qint64 differences() const { return m_count; }
     /// A line each, of the first ones.
     const QStringList &lines() const { return m_lines; }
@@ -42,6 +47,7 @@ public:
 private:
     void settle();
     void comparePictures();
+    void comparePictures(MainWindow &window);
     void compareAfterReading();
     void compare(QWidget &window, const QImage &shown, const QImage &due, const QString &fault);
     void report(const QString &line);
@@ -50,10 +56,16 @@ private:
     ParameterMemory &m_memory;
     SoakWindows &m_windows;
     QString m_folder;
-    std::map<MainWindow *, QImage> m_pictures; ///< of this check, all painted anew
+    struct Picture
+    {
+        windowpicture::Where where;
+        QImage image;
+    };
+    std::map<MainWindow *, Picture> m_pictures; ///< of this check, all painted anew
     QStringList m_lines;
     int m_checks = 0;
     qint64 m_controls = 0;
     qint64 m_compared = 0;
+    qint64 m_photographed = 0;
     qint64 m_count = 0;
 };

@@ -211,10 +211,12 @@ bool SoakRun::report() const
               .arg(m_operator.operations())
               .arg(m_stagehand.operations())
               .arg(m_held.console().changes()));
-    print(QStringLiteral("Checks: %1, of %2 controls and %3 windows; warnings: %4; differences: %5")
+    print(QStringLiteral("Checks: %1, of %2 controls and %3 windows, %4 of them on the screen; warnings: %5; "
+                         "differences: %6")
               .arg(m_checker.checks())
               .arg(m_checker.controlsCompared())
               .arg(m_checker.windowsCompared())
+              .arg(m_checker.windowsPhotographed())
               .arg(m_warnings.count())
               .arg(m_checker.differences()));
     const bool steady = reportMemory();

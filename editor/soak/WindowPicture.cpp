@@ -1,17 +1,29 @@
 // SPDX-License-Identifier: MIT
 #include "editor/soak/WindowPicture.h"
 
+#include "editor/soak/ScreenCamera.h"
+#include "interfaces/TMemProxy.h"
+
 #include <QApplication>
 #include <QBackingStore>
 #include <QEvent>
+#include <QPainter>
 #include <QWidget>
 
+#include <cmath>
 #include <cstring>
 
-QImage windowpicture::present(QWidget &window)
+windowpicture::Where windowpicture::best()
+{
+    return screencamera::isThere() ? Where::Screen : Where::Store;
+}
+
+QImage windowpicture::present(QWidget &window, Where where)
 {
     QEvent paintNow(QEvent::UpdateRequest);
     QCoreApplication::sendEvent(&window, &paintNow);
+    if (where == Where::Screen)
+        return screencamera::picture(window);
     QBackingStore *store = window.backingStore();
     QPaintDevice *device = store ? store->paintDevice() : nullptr;
     if (!device || device->devType() != QInternal::Image)
@@ -19,14 +31,14 @@ QImage windowpicture::present(QWidget &window)
     return static_cast<QImage *>(device)->copy();
 }
 
-QImage windowpicture::repainted(QWidget &window)
+QImage windowpicture::repainted(QWidget &window, Where where)
 {
     // A paint of the window alone leaves out the opaque widgets in it.
     const QList<QWidget *> all = window.findChildren<QWidget *>();
     for (QWidget *each : all)
         each->update();
     window.update();
-    return present(window);
+    return present(window, where);
 }
 
 namespace {
@@ -64,9 +76,54 @@ QRegion windowpicture::differing(const QImage &one, const QImage &other)
     return found;
 }
 
-QWidget *windowpicture::widgetAt(QWidget &window, const QImage &picture, const QRect &pixels)
+namespace {
+
+bool isBetweenWholeNumbers(qreal ratio)
 {
-    const QPointF place = QRectF(pixels).center() / picture.devicePixelRatio();
-    QWidget *found = window.childAt(place.toPoint());
-    return found ? found : &window;
+    return ratio != std::floor(ratio);
+}
+
+/// The pixels of what shows of all controls.
+QRegion pixelsOfControls(const QWidget &window)
+{
+    const QTransform toPixels =
+        QTransform::fromScale(window.devicePixelRatio(), window.devicePixelRatio());
+    QRegion found;
+    for (QWidget *each : window.findChildren<QWidget *>()) {
+        if (each->isVisible() && dynamic_cast<TMemProxyBasic *>(each))
+            found +=
+                toPixels.map(each->visibleRegion().translated(each->mapTo(&window, QPoint(0, 0))));
+    }
+    return found;
+}
+
+QImage cutOut(const QImage &picture, const QRegion &part)
+{
+    QImage found(picture.size(), picture.format());
+    found.fill(Qt::black);
+    QPainter painter(&found);
+    painter.setClipRegion(part);
+    painter.drawImage(found.rect(), picture);
+    return found;
+}
+
+} // namespace
+
+QRegion windowpicture::differing(QWidget &window, const QImage &one, const QImage &other)
+{
+    if (one.size() != other.size() || !isBetweenWholeNumbers(window.devicePixelRatio()))
+        return differing(one, other);
+    const QRegion part = pixelsOfControls(window);
+    return differing(cutOut(one, part), cutOut(other, part));
+}
+
+std::map<QWidget *, QRect> windowpicture::widgetsAt(QWidget &window, const QRegion &pixels)
+{
+    std::map<QWidget *, QRect> found;
+    for (const QRect &part : pixels) {
+        const QPointF place = QRectF(part).center() / window.devicePixelRatio();
+        QWidget *widget = window.childAt(place.toPoint());
+        found[widget ? widget : &window] |= part;
+    }
+    return found;
 }
