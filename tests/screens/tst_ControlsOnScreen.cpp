@@ -3,7 +3,7 @@
 #include "editor/soak/Hand.h"
 #include "editor/soak/WindowPicture.h"
 #include "tests/screens/ControlPage.h"
-#include "widgets/binding/BatchedPicture.h"
+#include "widgets/painting/PictureBatches.h"
 
 #include <QGraphicsDropShadowEffect>
 #include <QScrollBar>
@@ -32,9 +32,9 @@ QString faults(QWidget &window)
 {
     using namespace windowpicture;
     const QImage shown = present(window, Where::Screen);
-    BatchedPicture::setEnabled(false);
+    picturebatches::setEnabled(false);
     const QImage due = repainted(window, Where::Screen);
-    BatchedPicture::setEnabled(isBatched());
+    picturebatches::setEnabled(isBatched());
     if (shown.isNull() || due.isNull())
         return "does not show";
     const QRegion wrong = differing(window, shown, due);
@@ -172,10 +172,10 @@ void changeGroundUnbatched(ControlPage &page)
 {
     page.change(40);
     page.settle();
-    BatchedPicture::setEnabled(false);
+    picturebatches::setEnabled(false);
     page.panel.change();
     page.settle();
-    BatchedPicture::setEnabled(isBatched());
+    picturebatches::setEnabled(isBatched());
     page.change(40);
 }
 
@@ -286,7 +286,7 @@ void tst_ControlsOnScreen::theScreenIsRight()
     QFETCH(Story, story);
     ControlPage page(400, story.meters, story.translucent);
     page.setAttribute(Qt::WA_TranslucentBackground, story.transparentWindow);
-    BatchedPicture::setEnabled(isBatched());
+    picturebatches::setEnabled(isBatched());
     page.show();
     QVERIFY(QTest::qWaitForWindowExposed(&page));
     page.setAttribute(Qt::WA_TranslucentBackground, false);

@@ -8,7 +8,7 @@
 #include "editor/soak/Checker.h"
 #include "editor/soak/HeldConsole.h"
 #include "editor/soak/SoakWindows.h"
-#include "widgets/binding/BatchedPicture.h"
+#include "widgets/painting/PictureBatches.h"
 
 #include <QApplication>
 #include <QScrollArea>
@@ -102,7 +102,7 @@ private:
 void tst_EditorOnScreen::initTestCase()
 {
     appearance::apply(*qApp);
-    BatchedPicture::setEnabled(!qEnvironmentVariableIsSet("CONSOLE_UNBATCHED"));
+    picturebatches::setEnabled(!qEnvironmentVariableIsSet("CONSOLE_UNBATCHED"));
     QVERIFY(m_loaded);
     QVERIFY(m_library.open(m_folder.filePath("scenes.sqlite")));
     m_held.console().setRate(4000);

@@ -25,7 +25,7 @@ public:
     /// device with `ratio` pixels to one device-independent pixel.
     DevicePixels(const QPointF &origin, qreal ratio, const QSize &size)
         : m_origin(origin), m_ratio(ratio), m_size(size),
-          m_all(QRectF(origin, QSizeF(size) * ratio).toRect())
+          m_all(nearest(QRectF(origin, QSizeF(size) * ratio)))
     {
     }
 
@@ -47,12 +47,23 @@ public:
 private:
     int column(qreal x) const
     {
-        return x == m_size.width() ? m_all.x() + m_all.width() : qRound(m_origin.x() + x * m_ratio);
+        return x == m_size.width() ? m_all.x() + m_all.width() : nearest(m_origin.x() + x * m_ratio);
     }
     int row(qreal y) const
     {
         return y == m_size.height() ? m_all.y() + m_all.height()
-                                    : qRound(m_origin.y() + y * m_ratio);
+                                    : nearest(m_origin.y() + y * m_ratio);
+    }
+    /// A half is rounded upwards below 0, too: what is scrolled out of a window by whole pixels stays the
+    /// same.
+    static int nearest(qreal at) { return static_cast<int>(std::floor(at + 0.5)); }
+    /// As QRectF::toRect() in the window.
+    static QRect nearest(const QRectF &exact)
+    {
+        const int left = nearest(exact.x());
+        const int top = nearest(exact.y());
+        return {left, top, nearest(exact.width() + (exact.x() - left) / 2),
+                nearest(exact.height() + (exact.y() - top) / 2)};
     }
 
     QPointF m_origin;
