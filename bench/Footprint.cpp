@@ -3,6 +3,7 @@
 
 #include "bench/KnobStrip.h"
 #include "bench/Scale.h"
+#include "bench/Stage.h"
 #include "companions/memory/ParameterMemory.h"
 #include "widgets/controls/CDial.h"
 
@@ -34,13 +35,6 @@ double residentBytes()
     return statm.readAll().split(' ').at(1).toDouble() * double(sysconf(_SC_PAGESIZE));
 }
 
-/// Place number `number` of a grid with cells of that size, filled row by row.
-QRect place(int number, int columns, const QSize &cell)
-{
-    const QPoint corner(number % columns * cell.width(), number / columns * cell.height());
-    return {corner, cell};
-}
-
 /// A shown window full of panels, and then the panels full of controls.
 class Crowd
 {
@@ -53,7 +47,7 @@ public:
         m_window.resize(size.width() * WindowPanels.width(), size.height() * WindowPanels.height());
         for (int number = 0; number < WindowPanels.width() * WindowPanels.height(); ++number) {
             m_panels.push_back(new QWidget(&m_window));
-            m_panels.back()->setGeometry(place(number, WindowPanels.width(), size));
+            m_panels.back()->setGeometry(Stage::place(number, WindowPanels.width(), size));
         }
         m_window.show();
         QCoreApplication::processEvents();
@@ -66,7 +60,7 @@ public:
         for (QWidget *panel : m_panels) {
             for (int inside = 0; inside < PanelCells.width() * PanelCells.height(); ++inside) {
                 QWidget *control = make(panel);
-                control->setGeometry(place(inside, PanelCells.width(), Cell));
+                control->setGeometry(Stage::place(inside, PanelCells.width(), Cell));
                 control->show();
             }
         }

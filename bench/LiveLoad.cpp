@@ -49,7 +49,7 @@ double shareOf(const std::function<void()> &deliver)
 
 liveload::Shares liveload::measure()
 {
-    OwnPage page(meterpage::With::MetersAlone);
+    OwnPage page(meterpage::Plan{});
     MeterModel programme(page.memory(), 1);
     Shares shares;
     shares.programme = shareOf([&] {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "bench/PagePlan.h"
 #include "bench/Producer.h"
 #include "bench/references/IdealKnob.h"
 #include "bench/references/IdealMeter.h"
@@ -11,39 +12,27 @@
 #include <memory>
 #include <vector>
 
-/// A page of channel strips in panels: a meter in each, and a dial above it if wanted. There are as
-/// many controls, as large, made in the same order and at the same places on the page of the library's
-/// controls as on that of the ideal ones.
+/// Pages of channel strips: the library's controls, and the ideal ones.
 namespace meterpage {
 
-constexpr int Panels = 25;
-constexpr int StripsInPanel = 20;
-constexpr int Strips = Panels * StripsInPanel;
-
-enum class With { MetersAlone, MetersAndDials };
 /// Which meters get another reading in a frame.
 enum class Changing { All, AFifth, None };
 
-QPixmap litPicture();
-QPixmap unlitPicture();
-
-/// The level code of a meter in a frame; in two successive frames the bar has two lengths.
-int codeAt(int meter, int frame);
-/// How long the bar is at a code.
-int lengthAt(int code);
+/// Processor time so far.
+using Clock = double (*)();
 
 /// The library's controls, bound to a memory. Another thread brings the readings and values; a frame
 /// is what the GUI thread then does.
 class OwnPage
 {
 public:
-    explicit OwnPage(With with);
+    explicit OwnPage(const Plan &plan);
 
     QWidget &window() { return m_window; }
     /// The memory, with the meters' parameter alone in a block of its own.
     ParameterMemory &memory() { return m_memory; }
-    /// Returns the GUI thread's processor time in seconds.
-    double frame(int number, Changing changing);
+    /// Returns the processor time in seconds: by default that of the GUI thread.
+    double frame(int number, Changing changing = Changing::All, Clock clock = threadSeconds);
     /// Brings the readings and values of a frame. Any thread, one at a time.
     void deliver(int number, Changing changing);
 
@@ -51,6 +40,7 @@ private:
     QWidget *addMeter(QWidget *panel, int number);
     QWidget *addDial(QWidget *panel, int number);
 
+    const Plan m_plan;
     ParameterMemory m_memory;
     Producer m_producer;
     QWidget m_window;
@@ -65,7 +55,7 @@ private:
 class IdealPage
 {
 public:
-    explicit IdealPage(With with);
+    explicit IdealPage(const Plan &plan);
 
     QWidget &window() { return m_window; }
     double frame(int number);
@@ -74,6 +64,7 @@ private:
     QWidget *addMeter(QWidget *panel, int number);
     QWidget *addDial(QWidget *panel, int number);
 
+    const Plan m_plan;
     QWidget m_window;
     std::vector<IdealMeter *> m_meters;
     std::vector<IdealKnob *> m_knobs;

@@ -36,11 +36,11 @@ void requireSamePictures(OwnPage &own, IdealPage &ideal)
     }
 }
 
-Measurement comparePages(With with)
+Measurement comparePages(const Plan &plan)
 {
     const OneProcessor here;
-    OwnPage own(with);
-    IdealPage ideal(with);
+    OwnPage own(plan);
+    IdealPage ideal(plan);
     requireSamePictures(own, ideal);
     return rounds::compare({frames("page", own, Changing::All), frames("ideal page", ideal)},
                            rounds::firstToSecond);
@@ -49,8 +49,8 @@ Measurement comparePages(With with)
 Measurement compareWithAll(Changing changing)
 {
     const OneProcessor here;
-    OwnPage page(With::MetersAlone);
-    OwnPage all(With::MetersAlone);
+    OwnPage page(Plan{});
+    OwnPage all(Plan{});
     return rounds::compare(
         {frames("500 meters", page, changing), frames("all changing", all, Changing::All)},
         rounds::firstToSecond);
@@ -62,12 +62,12 @@ Measurement meterReading()
 {
     Stage stage;
     CMeter meter(&stage.window());
-    meter.setMeterBgndImage(unlitPicture());
-    meter.setMeterImage(litPicture());
+    meter.setMeterBgndImage(opaquePictures().unlit);
+    meter.setMeterImage(opaquePictures().lit);
     meter.move(400, 300);
     meter.show();
     Stage other;
-    IdealMeter ideal(unlitPicture(), litPicture(), &other.window());
+    IdealMeter ideal(opaquePictures().unlit, opaquePictures().lit, &other.window());
     ideal.setGeometry(meter.geometry());
     ideal.show();
     Stage::frame();
@@ -97,7 +97,7 @@ Measurement meterReading()
 
 Measurement metersPage()
 {
-    return comparePages(With::MetersAlone);
+    return comparePages({.with = With::MetersAlone});
 }
 
 Measurement metersFifth()
@@ -112,7 +112,7 @@ Measurement metersNone()
 
 Measurement controlsPage()
 {
-    return comparePages(With::MetersAndDials);
+    return comparePages({.with = With::MetersAndDials});
 }
 
 Measurement controlsPageUnderX()

@@ -3,8 +3,8 @@
 
 #include "bench/KnobStrip.h"
 
-#include <QElapsedTimer>
 #include <QBackingStore>
+#include <QElapsedTimer>
 #include <QEvent>
 #include <QImage>
 #include <QWindow>
@@ -42,6 +42,12 @@ void Stage::show(QWidget &window)
         frame();
     }
     frame();
+}
+
+QRect Stage::place(int number, int columns, const QSize &cell)
+{
+    const QPoint corner(number % columns * cell.width(), number / columns * cell.height());
+    return {corner, cell};
 }
 
 QImage onScreen(const QWidget &control)

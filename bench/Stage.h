@@ -19,6 +19,9 @@ public:
     /// Shows a window and waits until the window system has it on the screen.
     static void show(QWidget &window);
 
+    /// Place number `number` of a grid with cells of that size, filled row by row.
+    static QRect place(int number, int columns, const QSize &cell);
+
     /// A turn of the event loop, which delivers everything that is posted, paints included.
     static void frame() { QCoreApplication::processEvents(); }
 
