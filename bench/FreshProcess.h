@@ -7,8 +7,19 @@
 /// platform.
 namespace freshprocess {
 
-/// What it prints with these arguments, on `platform` (empty: the same as here). Ends the program,
-/// with what the other one complained of, when that fails.
-QByteArray outputOf(const QStringList &arguments, const QString &platform = {});
+/// What is different there; empty: nothing.
+struct Setting
+{
+    QString platform = {};
+    QString scale = {}; ///< the device pixels to a device-independent one
+};
+
+/// What it prints with these arguments. Ends the program, with what the other one complained of, when
+/// that fails.
+QByteArray outputOf(const QStringList &arguments, const Setting &setting = {});
+
+/// Whether this process was started with that scale. Ends the program if it was, and the screen is
+/// scaled otherwise.
+bool isScaled(const QString &scale);
 
 } // namespace freshprocess

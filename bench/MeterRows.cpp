@@ -118,5 +118,6 @@ Measurement controlsPage()
 Measurement controlsPageUnderX()
 {
     const QStringList pageAlone{MeasureOption, QStringLiteral("page")};
-    return fromText(freshprocess::outputOf(pageAlone, QStringLiteral("xcb")).toStdString());
+    return fromText(
+        freshprocess::outputOf(pageAlone, {.platform = QStringLiteral("xcb")}).toStdString());
 }

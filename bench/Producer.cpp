@@ -3,11 +3,25 @@
 
 #include <time.h>
 
-double threadSeconds()
+namespace {
+
+double secondsOf(clockid_t clock)
 {
     timespec now{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    clock_gettime(clock, &now);
     return double(now.tv_sec) + 1e-9 * double(now.tv_nsec);
+}
+
+} // namespace
+
+double threadSeconds()
+{
+    return secondsOf(CLOCK_THREAD_CPUTIME_ID);
+}
+
+double processSeconds()
+{
+    return secondsOf(CLOCK_PROCESS_CPUTIME_ID);
 }
 
 OneProcessor::OneProcessor()

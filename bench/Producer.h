@@ -9,6 +9,8 @@
 
 /// Processor time of the calling thread, in seconds.
 double threadSeconds();
+/// Of all threads. The toolkit draws scaled pictures on threads of its own.
+double processSeconds();
 
 /// Keeps this thread, and those that it starts meanwhile, on one processor. Where the cost of a frame is
 /// compared, it must not depend on where the system happens to put the thread that brings the readings.
