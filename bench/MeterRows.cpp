@@ -1,49 +1,56 @@
 // SPDX-License-Identifier: MIT
 // What meters cost from a reading to the end of the paint, one by one and as pages.
+#include "bench/BridgeLoad.h"
 #include "bench/FreshProcess.h"
 #include "bench/MeterPage.h"
+#include "bench/references/PageFloor.h"
 #include "bench/Rounds.h"
 #include "bench/Rows.h"
 #include "bench/Stage.h"
+#include "editor/soak/WindowPicture.h"
 
 using namespace meterpage;
 
 namespace {
 
-rounds::Case frames(const char *name, const std::function<double(int)> &frame)
+rounds::Case frames(const char *name, OwnPage &page, Changing changing = Changing::All,
+                    Clock clock = threadSeconds)
 {
-    return {name, [frame, number = 0]() mutable { return frame(++number); }};
+    return {name, [&page, changing, clock, number = 0]() mutable {
+                return page.frame(++number, changing, clock);
+            }};
 }
 
-rounds::Case frames(const char *name, OwnPage &page, Changing changing)
-{
-    return frames(name, [&page, changing](int number) { return page.frame(number, changing); });
-}
-
-rounds::Case frames(const char *name, IdealPage &page)
-{
-    return frames(name, [&page](int number) { return page.frame(number); });
-}
-
-/// Ends the program unless both pages look the same after a frame.
-void requireSamePictures(OwnPage &own, IdealPage &ideal)
+/// Ends the program unless frames bring to the page's window what they bring to the other, and what a
+/// paint of everything would.
+template<typename Other>
+void requireSamePictures(OwnPage &own, Other &other)
 {
     for (int number = 0; number < 4; ++number) {
-        own.frame(number, Changing::All);
-        ideal.frame(number);
-        if (own.window().grab().toImage() != ideal.window().grab().toImage())
+        own.frame(number);
+        other.frame(number);
+        if (windowpicture::present(own.window()) != windowpicture::present(other.window()))
             qFatal("frame %d is not painted as it must be", number);
     }
+    if (windowpicture::present(own.window()) != windowpicture::repainted(own.window()))
+        qFatal("the window does not show what a paint shows");
 }
 
-Measurement comparePages(const Plan &plan)
+template<typename Reference>
+Measurement comparePages(const Plan &plan, const char *reference, Clock clock)
 {
     const OneProcessor here;
     OwnPage own(plan);
-    IdealPage ideal(plan);
-    requireSamePictures(own, ideal);
-    return rounds::compare({frames("page", own, Changing::All), frames("ideal page", ideal)},
+    Reference other(plan);
+    requireSamePictures(own, other);
+    const auto frame = [&other, number = 0]() mutable { return other.frame(++number); };
+    return rounds::compare({frames("page", own, Changing::All, clock), {reference, frame}},
                            rounds::firstToSecond);
+}
+
+Measurement compareWithIdeal(const Plan &plan)
+{
+    return comparePages<IdealPage>(plan, "ideal page", threadSeconds);
 }
 
 Measurement compareWithAll(Changing changing)
@@ -51,9 +58,20 @@ Measurement compareWithAll(Changing changing)
     const OneProcessor here;
     OwnPage page(Plan{});
     OwnPage all(Plan{});
-    return rounds::compare(
-        {frames("500 meters", page, changing), frames("all changing", all, Changing::All)},
-        rounds::firstToSecond);
+    return rounds::compare({frames("500 meters", page, changing), frames("all changing", all)},
+                           rounds::firstToSecond);
+}
+
+/// The row whose name has the percentage in it: in a process of its own, if this one's screen is not
+/// scaled so.
+Measurement compareScaled(const QString &row, int percent, const Plan &plan)
+{
+    const QString scale = QString::number(percent / 100.0);
+    if (!freshprocess::isScaled(scale)) {
+        const QStringList rowAlone{MeasureOption, row.arg(percent)};
+        return fromText(freshprocess::outputOf(rowAlone, {.scale = scale}).toStdString());
+    }
+    return comparePages<PageFloor>(plan, "its cells", processSeconds);
 }
 
 } // namespace
@@ -97,7 +115,7 @@ Measurement meterReading()
 
 Measurement metersPage()
 {
-    return comparePages({.with = With::MetersAlone});
+    return compareWithIdeal({.with = With::MetersAlone});
 }
 
 Measurement metersFifth()
@@ -112,7 +130,7 @@ Measurement metersNone()
 
 Measurement controlsPage()
 {
-    return comparePages({.with = With::MetersAndDials});
+    return compareWithIdeal({.with = With::MetersAndDials});
 }
 
 Measurement controlsPageUnderX()
@@ -120,4 +138,42 @@ Measurement controlsPageUnderX()
     const QStringList pageAlone{MeasureOption, QStringLiteral("page")};
     return fromText(
         freshprocess::outputOf(pageAlone, {.platform = QStringLiteral("xcb")}).toStdString());
+}
+
+Measurement controlsPageAt(int percent)
+{
+    return compareScaled(QStringLiteral("page-%1"), percent,
+                         {.with = With::MetersAndDials, .gap = 1});
+}
+
+Measurement translucentPageAt(int percent)
+{
+    return compareScaled(QStringLiteral("page-%1-alpha"), percent,
+                         {.with = With::MetersAndDials, .translucent = true, .gap = 1});
+}
+
+Measurement dialSiblings()
+{
+    const OneProcessor here;
+    Plan plan{.with = With::DialsAlone, .panels = {5, 4}, .stripsInPanel = {10, 5}};
+    OwnPage panels(plan);
+    plan.oneParent = true;
+    OwnPage alone(plan);
+    requireSamePictures(alone, panels);
+    return rounds::compare({frames("one parent", alone), frames("panels of 50", panels)},
+                           rounds::firstToSecond);
+}
+
+Measurement bridgeAt150()
+{
+    constexpr int Rounds = 5;
+    const auto shareAt = [](const QString &scale) {
+        return freshprocess::outputOf({bridgeload::Option}, {.scale = scale}).toDouble();
+    };
+    std::vector<double> ratios;
+    for (int round = 0; round < Rounds; ++round) {
+        const double scaled = shareAt(QStringLiteral("1.5"));
+        ratios.push_back(scaled / shareAt(QStringLiteral("1")));
+    }
+    return summary(std::move(ratios));
 }

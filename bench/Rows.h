@@ -39,6 +39,11 @@ Measurement metersFifth();
 Measurement metersNone();
 Measurement controlsPage();
 Measurement controlsPageUnderX();
+/// On a screen scaled by so many per cent, with pictures made for 100.
+Measurement controlsPageAt(int percent);
+Measurement translucentPageAt(int percent);
+Measurement dialSiblings();
+Measurement bridgeAt150();
 
 // ConstructionRows.cpp
 Measurement dialConstruction();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Measures the rows of the speed table and says which limits hold.
+#include "bench/BridgeLoad.h"
 #include "bench/Footprint.h"
 #include "bench/LiveLoad.h"
 #include "bench/Report.h"
@@ -107,6 +108,8 @@ std::optional<std::string> answer(const QStringList &arguments)
     const QString option = arguments.value(0);
     if (option == footprint::Option)
         return std::to_string(footprint::weigh(arguments.value(1)));
+    if (option == bridgeload::Option)
+        return std::to_string(bridgeload::measure());
     if (option == liveload::Option)
         return toText(liveload::measure());
     const Row *row = option == MeasureOption ? rowNamed(arguments.value(1)) : nullptr;
