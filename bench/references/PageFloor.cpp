@@ -4,11 +4,12 @@
 #include "bench/Producer.h"
 #include "bench/Stage.h"
 #include "editor/soak/WindowPicture.h"
-#include "interfaces/utilities/NS_Utilities.h"
+#include "widgets/controls/CDial.h"
 
 #include <QBackingStore>
 #include <QPainter>
 
+#include <algorithm>
 #include <cstring>
 #include <optional>
 
@@ -25,22 +26,6 @@ QRect inPixels(const QRect &rect, qreal ratio)
     return {corner, end - QPoint(1, 1)};
 }
 
-/// A column of cells as the controls draw them on a screen of that ratio.
-QImage scaled(const QPixmap &picture, int rows, qreal ratio)
-{
-    QImage image(picture.size() * ratio, picture.toImage().format());
-    image.fill(Qt::transparent);
-    image.setDevicePixelRatio(ratio);
-    QPainter painter(&image);
-    for (int row = 0; row < rows; ++row) {
-        NS_Utilities::drawPartialPixmap(painter, {0, row}, picture, {1, rows}, false);
-        painter.translate(0, picture.height() / rows);
-    }
-    painter.end();
-    image.setDevicePixelRatio(1);
-    return image;
-}
-
 void copyLines(QImage &to, const QPoint &at, const QImage &from, const QRect &part)
 {
     constexpr int BytesPerPixel = 4;
@@ -48,6 +33,29 @@ void copyLines(QImage &to, const QPoint &at, const QImage &from, const QRect &pa
     for (int line = 0; line < part.height(); ++line)
         std::memcpy(to.scanLine(at.y() + line) + at.x() * BytesPerPixel,
                     from.constScanLine(part.y() + line) + part.x() * BytesPerPixel, bytes);
+}
+
+/// The rows of a picture as a control of the library paints them on a screen of that ratio, below one
+/// another.
+QImage cells(const QPixmap &picture, int rows, qreal ratio)
+{
+    QWidget page;
+    CDial dial(&page);
+    dial.setCombinedImage(picture);
+    dial.setnSubImages(rows);
+    dial.setTransparent(picture.hasAlphaChannel());
+    dial.resize(picture.width(), picture.height() / rows);
+    dial.setRange(0, std::max(1, rows - 1));
+    QImage cell(dial.size() * ratio, picture.toImage().format());
+    cell.setDevicePixelRatio(ratio);
+    QImage column(cell.width(), cell.height() * rows, cell.format());
+    for (int row = 0; row < rows; ++row) {
+        dial.setValue(row);
+        cell.fill(Qt::transparent);
+        dial.render(&cell, {}, {}, QWidget::RenderFlags());
+        copyLines(column, {0, row * cell.height()}, cell, cell.rect());
+    }
+    return column;
 }
 
 } // namespace
@@ -60,9 +68,9 @@ PageFloor::PageFloor(const Plan &plan) : m_translucent(plan.translucent)
     Stage::show(m_window);
     m_ground = windowpicture::present(m_window);
     const qreal ratio = m_window.devicePixelRatio();
-    m_lit = scaled(pictures(plan).lit, 1, ratio);
-    m_unlit = scaled(pictures(plan).unlit, 1, ratio);
-    m_dial = scaled(pictures(plan).dial, DialRows, ratio);
+    m_lit = cells(pictures(plan).lit, 1, ratio);
+    m_unlit = cells(pictures(plan).unlit, 1, ratio);
+    m_dial = cells(pictures(plan).dial, DialRows, ratio);
     for (int number = 0; number < plan.strips(); ++number) {
         const QPoint panel = plan.panel(number / plan.stripsOfPanel()).topLeft();
         const int strip = number % plan.stripsOfPanel();
