@@ -30,9 +30,13 @@ void copyLines(QImage &to, const QPoint &at, const QImage &from, const QRect &pa
 {
     constexpr int BytesPerPixel = 4;
     const auto bytes = static_cast<size_t>(part.width()) * BytesPerPixel;
-    for (int line = 0; line < part.height(); ++line)
-        std::memcpy(to.scanLine(at.y() + line) + at.x() * BytesPerPixel,
-                    from.constScanLine(part.y() + line) + part.x() * BytesPerPixel, bytes);
+    const uchar *line = from.constScanLine(part.y()) + part.x() * BytesPerPixel;
+    uchar *place = to.scanLine(at.y()) + at.x() * BytesPerPixel;
+    for (int count = part.height(); count > 0; --count) {
+        std::memcpy(place, line, bytes);
+        line += from.bytesPerLine();
+        place += to.bytesPerLine();
+    }
 }
 
 /// The rows of a picture as a control of the library paints them on a screen of that ratio, below one
