@@ -4,35 +4,21 @@ include(CMakePackageConfigHelpers)
 
 set(console_headers ${CMAKE_INSTALL_INCLUDEDIR}/consolewidgets)
 set(console_cmake ${CMAKE_INSTALL_LIBDIR}/cmake/ConsoleWidgets)
-set(console_libraries ConsoleWidgets ConsoleMemory ConsoleUtilities ConsoleOptServer)
-
-set_target_properties(ConsoleWidgets PROPERTIES EXPORT_NAME Widgets)
-set_target_properties(ConsoleInterfaces PROPERTIES EXPORT_NAME Interfaces)
-set_target_properties(ConsoleCompanions PROPERTIES EXPORT_NAME Companions)
-set_target_properties(ConsoleTestKit PROPERTIES EXPORT_NAME TestKit
-    OUTPUT_NAME ConsoleWidgetsTestKit)
-set_target_properties(console-images PROPERTIES EXPORT_NAME Images)
-foreach(part Memory Utilities OptServer)
-    set_target_properties(Console${part} PROPERTIES
-        EXPORT_NAME ${part} OUTPUT_NAME ConsoleWidgets${part})
-endforeach()
-
-# Libraries find each other, and programs find them, wherever the whole is put.
-foreach(library IN LISTS console_libraries)
-    set_target_properties(${library} PROPERTIES
-        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
-        INSTALL_RPATH "$ORIGIN" LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/private.map)
-    target_link_options(${library} PRIVATE
-        "LINKER:--version-script=${PROJECT_SOURCE_DIR}/cmake/private.map")
-endforeach()
-file(RELATIVE_PATH console_back "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
-set_target_properties(console-editor PROPERTIES INSTALL_RPATH "$ORIGIN/${console_back}")
 
 install(TARGETS ${console_libraries} EXPORT ConsoleWidgets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT devel)
-install(TARGETS ConsoleInterfaces ConsoleCompanions ConsoleTestKit console-images
-    EXPORT ConsoleWidgets
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT devel
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT devel)
+install(TARGETS ConsoleInterfaces ConsoleCompanions console-images EXPORT ConsoleWidgets)
+set(console_qt Core Gui Widgets)
+if(NOT BUILD_SHARED_LIBS)
+    list(APPEND console_qt UiTools)
+endif()
+if(CONSOLEWIDGETS_TESTKIT)
+    install(TARGETS ConsoleTestKit EXPORT ConsoleWidgets
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT devel)
+    list(APPEND console_qt Test)
+endif()
+list(JOIN console_qt " " console_qt)
 install(FILES ${CONSOLE_IMAGES_OBJECT} DESTINATION ${CONSOLE_IMAGES_FOLDER} COMPONENT devel)
 
 install(CODE "set(SOURCE [[${PROJECT_SOURCE_DIR}]])\nset(HEADERS [[${console_headers}]])"
@@ -50,12 +36,20 @@ install(FILES ${PROJECT_BINARY_DIR}/ConsoleWidgetsConfig.cmake
     ${PROJECT_BINARY_DIR}/ConsoleWidgetsConfigVersion.cmake
     DESTINATION ${console_cmake} COMPONENT devel)
 
-# Qt's own folder of plugins, below this prefix.
-set(console_plugin ${QT6_INSTALL_PLUGINS}/designer)
-file(RELATIVE_PATH console_back "/${console_plugin}" "/${CMAKE_INSTALL_LIBDIR}")
-set_target_properties(ConsoleWidgetsDesigner PROPERTIES INSTALL_RPATH "$ORIGIN/${console_back}")
-install(TARGETS ConsoleWidgetsDesigner LIBRARY DESTINATION ${console_plugin} COMPONENT designer)
+if(CONSOLEWIDGETS_DESIGNER)
+    # Qt's own folder of plugins, below this prefix.
+    set(console_plugin ${QT6_INSTALL_PLUGINS}/designer)
+    file(RELATIVE_PATH console_back "/${console_plugin}" "/${CMAKE_INSTALL_LIBDIR}")
+    set_target_properties(ConsoleWidgetsDesigner PROPERTIES
+        INSTALL_RPATH "$ORIGIN/${console_back}")
+    install(TARGETS ConsoleWidgetsDesigner LIBRARY DESTINATION ${console_plugin} COMPONENT designer)
+endif()
 
+if(NOT CONSOLEWIDGETS_EDITOR)
+    return()
+endif()
+file(RELATIVE_PATH console_back "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
+set_target_properties(console-editor PROPERTIES INSTALL_RPATH "$ORIGIN/${console_back}")
 install(TARGETS console-editor RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT editor)
 install(FILES ${PROJECT_SOURCE_DIR}/editor/console-editor.desktop
     DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT editor)

@@ -8,7 +8,9 @@
 #define CONSOLEINTERFACES_EXPORT Q_DECL_EXPORT
 
 // Functions and classes that a companion library supplies.
-#if defined(CONSOLECOMPANIONS_BUILD)
+#if defined(CONSOLEWIDGETS_STATIC)
+#    define CONSOLECOMPANIONS_EXPORT
+#elif defined(CONSOLECOMPANIONS_BUILD)
 #    define CONSOLECOMPANIONS_EXPORT Q_DECL_EXPORT
 #else
 #    define CONSOLECOMPANIONS_EXPORT Q_DECL_IMPORT

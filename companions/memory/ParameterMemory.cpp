@@ -58,6 +58,7 @@ ParameterMemory::~ParameterMemory()
 
 QString ParameterMemory::builtInModel()
 {
+    Q_INIT_RESOURCE(console_memory); // in a static library nothing else does
     return QStringLiteral(":/consolewidgets/console.json");
 }
 
