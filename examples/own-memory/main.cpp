@@ -14,6 +14,27 @@
 
 #include <cstdio>
 
+/// A dial with its value as text, and a key, for one channel of the device.
+static void addChannel(QGridLayout &grid, DeviceMemory &memory, int channel)
+{
+    auto *level = new CDial;
+    level->setCombinedImage(NS_Utilities::loadPixmap(QStringLiteral(":/images/knob-grey.png")));
+    level->setnSubImages(121);
+    level->setTransparent(true);
+    level->setAccessibleName(QStringLiteral("Level %1").arg(channel + 1));
+    auto *decibels = new QLabel;
+    decibels->setAlignment(Qt::AlignCenter);
+    QObject::connect(level, &CDial::textualValueChange, decibels, &QLabel::setText);
+    auto *mute = new COnOffButton;
+    mute->setText(QStringLiteral("M"));
+    mute->setAccessibleName(QStringLiteral("Mute %1").arg(channel + 1));
+    grid.addWidget(level, 0, channel);
+    grid.addWidget(decibels, 1, channel);
+    grid.addWidget(mute, 2, channel);
+    memory.bind(*level, ToyDevice::Level, channel);
+    memory.bind(*mute, ToyDevice::Mute, channel);
+}
+
 int main(int argc, char **argv)
 {
     QApplication app(argc, argv);
@@ -25,25 +46,8 @@ int main(int argc, char **argv)
 
     QWidget window;
     QGridLayout grid(&window);
-    for (int channel = 0; channel < ToyDevice::Channels; ++channel) {
-        auto *level = new CDial(&window);
-        level->setCombinedImage(NS_Utilities::loadPixmap(QStringLiteral(":/images/knob-grey.png")));
-        level->setnSubImages(121);
-        level->setTransparent(true);
-        level->setAccessibleName(QStringLiteral("Level %1").arg(channel + 1));
-        auto *decibels = new QLabel(&window);
-        decibels->setAlignment(Qt::AlignCenter);
-        QObject::connect(level, &CDial::textualValueChange, decibels, &QLabel::setText);
-        memory.bind(*level, ToyDevice::Level, channel);
-        grid.addWidget(level, 0, channel);
-        grid.addWidget(decibels, 1, channel);
-
-        auto *mute = new COnOffButton(&window);
-        mute->setText(QStringLiteral("M"));
-        mute->setAccessibleName(QStringLiteral("Mute %1").arg(channel + 1));
-        memory.bind(*mute, ToyDevice::Mute, channel);
-        grid.addWidget(mute, 2, channel);
-    }
+    for (int channel = 0; channel < ToyDevice::Channels; ++channel)
+        addChannel(grid, memory, channel);
     window.show();
 
     if (app.arguments().contains(QStringLiteral("--once"))) {
