@@ -8,8 +8,8 @@
 #include "bench/Scale.h"
 #include "bench/Stage.h"
 #include "companions/memory/ParameterMemory.h"
-#include "widgets/painting/PictureBatches.h"
 #include "widgets/controls/CDial.h"
+#include "widgets/painting/PictureBatches.h"
 
 #include <QPainter>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // What a large grid costs: a cell, a view, a cursor move, and what it keeps.
+#include "bench/references/BareGrid.h"
+#include "bench/references/EmptyChild.h"
 #include "bench/Rounds.h"
 #include "bench/Rows.h"
 #include "bench/Stage.h"
-#include "bench/references/BareGrid.h"
-#include "bench/references/EmptyChild.h"
 #include "companions/memory/ParameterMemory.h"
 #include "widgets/lists/CGrid.h"
 
@@ -194,9 +194,9 @@ Measurement gridCursor()
         const int pixel = step * (BareGrid::Cell + BareGrid::Line) + 5;
         sendMove(scene.grid, QPointF(pixel, pixel));
     };
-    return rounds::compare({changeAndFrame("cursor", move),
-                            changeAndFrame("view", [&scene] { scene.grid.update(); })},
-                           rounds::firstToSecond);
+    return rounds::compare(
+        {changeAndFrame("cursor", move), changeAndFrame("view", [&scene] { scene.grid.update(); })},
+        rounds::firstToSecond);
 }
 
 Measurement gridCache()

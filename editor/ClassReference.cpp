@@ -213,8 +213,7 @@ QString ClassReference::section(const WidgetRegistry::Entry &entry) const
                              : entry.isContainer                     ? ", a container for others"
                                                                      : "";
     const QString derived =
-        QString(WidgetRegistry::find(base) ? "A [%1](#widget-%1), with all that it has"
-                                           : "A `%1`")
+        QString(WidgetRegistry::find(base) ? "A [%1](#widget-%1), with all that it has" : "A `%1`")
             .arg(base);
     return QString("### %1 {#widget-%1}\n\n![%1](%1.png)\n\n%2. %3\n\n%4%5. "
                    "`#include \"%6\"`\n\n")

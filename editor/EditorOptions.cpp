@@ -17,19 +17,23 @@ const QCommandLineOption libraryOption(
 const QCommandLineOption screensOption(
     "screens", "Draw every screen into a PNG file in DIR and exit; needs no display.", "DIR");
 const QCommandLineOption checkOption(
-    "check", "Look for faults in the forms and exit: with 1 if there are any, with 2 if a form cannot "
-             "be read. Needs no display.");
+    "check",
+    "Look for faults in the forms and exit: with 1 if there are any, with 2 if a form cannot "
+    "be read. Needs no display.");
 const QCommandLineOption jsonOption("json", "Tell the faults that --check finds as JSON.");
 const QCommandLineOption classesOption(
-    "classes", "Write what the widgets are and have, with a picture of each, into DIR and exit; needs "
-               "no display.", "DIR");
+    "classes",
+    "Write what the widgets are and have, with a picture of each, into DIR and exit; needs "
+    "no display.",
+    "DIR");
 const QCommandLineOption rateOption("rate", "Simulated changes of the console per second.", "N");
 const QCommandLineOption sizeOption("size", "Size of the window, for example 1280x800.", "WxH");
 const QCommandLineOption scaleOption("scale", "Scale factor of the pictures of --screens.", "F");
 
 const QCommandLineOption soakOption(
     "soak",
-    "Use the editor hard for MINUTES and check all the while that it shows what the memory holds; exit "
+    "Use the editor hard for MINUTES and check all the while that it shows what the memory holds; "
+    "exit "
     "with 1 if not. Needs no display. With --screens, pictures of what is wrong go to DIR.",
     "MINUTES");
 const QCommandLineOption seedOption("seed", "What --soak does by chance; 1 unless told otherwise.",
@@ -103,8 +107,9 @@ EditorOptions EditorOptions::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription("Editor for a digital mixing console.");
-    parser.addOptions({modelOption, libraryOption, screensOption, checkOption, jsonOption, classesOption,
-                       rateOption, sizeOption, scaleOption, soakOption, seedOption, recordOption, replayOption});
+    parser.addOptions({modelOption, libraryOption, screensOption, checkOption, jsonOption,
+                       classesOption, rateOption, sizeOption, scaleOption, soakOption, seedOption,
+                       recordOption, replayOption});
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     parser.addPositionalArgument("FORM", "Form files to open instead of the shipped screens.",

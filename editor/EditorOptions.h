@@ -13,13 +13,13 @@ struct EditorOptions
     QString library;   ///< file of the scene library; empty: the operator's own
     QString screens;   ///< folder for pictures of all screens; empty: an editor with a window
     QSize size{1280, 800};
-    double scale = 1; ///< of the pictures
-    int rate = 0;     ///< simulated changes per second
-    double soak = 0;  ///< minutes of hard use; 0: none
-    quint32 seed = 1; ///< of the hard use
-    QString record;   ///< file to record parameter traffic into; empty: none
-    QString replay;   ///< recorded traffic to replay; empty: none
-    QString classes; ///< folder for the reference of the widgets; empty: none is asked for
+    double scale = 1;   ///< of the pictures
+    int rate = 0;       ///< simulated changes per second
+    double soak = 0;    ///< minutes of hard use; 0: none
+    quint32 seed = 1;   ///< of the hard use
+    QString record;     ///< file to record parameter traffic into; empty: none
+    QString replay;     ///< recorded traffic to replay; empty: none
+    QString classes;    ///< folder for the reference of the widgets; empty: none is asked for
     bool check = false; ///< look for faults in the forms instead of opening them
     bool json = false;  ///< tell them as JSON
 

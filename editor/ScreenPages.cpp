@@ -80,8 +80,7 @@ QStringList ScreenPages::shippedForms()
 {
     return {":/forms/channel-strips.ui", ":/forms/selected-channel.ui", ":/forms/dynamics.ui",
             ":/forms/masters.ui",        ":/forms/head-amps.ui",        ":/forms/input-patch.ui",
-            ":/forms/bus-patch.ui",      ":/forms/meter-bridge.ui",
-            ":/forms/scenes.ui"};
+            ":/forms/bus-patch.ui",      ":/forms/meter-bridge.ui",     ":/forms/scenes.ui"};
 }
 
 void ScreenPages::open(const QStringList &forms)

@@ -9,11 +9,11 @@
 #include "editor/EditorPreferences.h"
 #include "editor/FormReport.h"
 #include "editor/MainWindow.h"
-#include "editor/ScreenPages.h"
-#include "editor/ScreenRenderer.h"
 #include "editor/recording/Recorder.h"
 #include "editor/recording/Recording.h"
 #include "editor/recording/Replay.h"
+#include "editor/ScreenPages.h"
+#include "editor/ScreenRenderer.h"
 #include "editor/soak/Soak.h"
 
 #include <QApplication>
@@ -95,7 +95,8 @@ int writeReference(const EditorOptions &options, ParameterMemory &memory, Simula
 {
     workForAWhile(options, console);
     QString error;
-    return ClassReference(memory, console).write(QDir(options.classes), &error) ? Success : fail(error);
+    return ClassReference(memory, console).write(QDir(options.classes), &error) ? Success
+                                                                                : fail(error);
 }
 
 int renderScreens(const EditorOptions &options, ParameterMemory &memory, SimulatedConsole &console)
@@ -119,7 +120,8 @@ int checkForms(const EditorOptions &options)
 {
     ParameterMemory memory;
     QString error;
-    if (!memory.load(options.model.isEmpty() ? ParameterMemory::builtInModel() : options.model, &error))
+    if (!memory.load(options.model.isEmpty() ? ParameterMemory::builtInModel() : options.model,
+                     &error))
         return fail(error);
     // What Qt and the controls say while the forms are built is among the findings.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});

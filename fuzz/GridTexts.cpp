@@ -10,8 +10,9 @@ using fuzz::require;
 
 namespace {
 
-constexpr const char *Properties[] = {"cellWidths", "cellHeights",    "gridWidths",    "gridHeights",
-                                      "bitOrder",   "disabledRects", "channelTitles", "fieldTitles"};
+constexpr const char *Properties[] = {"cellWidths",    "cellHeights", "gridWidths",
+                                      "gridHeights",   "bitOrder",    "disabledRects",
+                                      "channelTitles", "fieldTitles"};
 constexpr int InputsPerGrid = 16;
 
 /// What holds whatever the texts were.

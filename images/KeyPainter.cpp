@@ -46,8 +46,7 @@ Face faceOf(const KeyStrip &strip, int row)
     case DisabledRow:
         return {QColor(48, 51, 56), QColor(44, 47, 52), QColor(88, 93, 100),
                 withAlpha(Qt::white, 10), 0};
-    default:
-        return {rubberTop, rubberBottom, labelColour, withAlpha(Qt::white, 52), 0};
+    default: return {rubberTop, rubberBottom, labelColour, withAlpha(Qt::white, 52), 0};
     }
 }
 

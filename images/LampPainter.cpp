@@ -121,11 +121,12 @@ void paintPairStates(QPainter &painter, QSize size)
 
 void paintRollClosed(QPainter &painter, QSize size)
 {
-    paintSlats(painter, QRectF(QPointF(0, 0), QSizeF(size)), QColor(74, 79, 87), QColor(46, 50, 56));
+    paintSlats(painter, QRectF(QPointF(0, 0), QSizeF(size)), QColor(74, 79, 87),
+               QColor(46, 50, 56));
     painter.setPen(roundPen(withAlpha(Qt::white, 150), 1.8));
     const QPointF middle(size.width() / 2.0, size.height() / 2.0);
-    painter.drawPolyline(QPolygonF({middle + QPointF(-7, -3), middle + QPointF(0, 4),
-                                    middle + QPointF(7, -3)}));
+    painter.drawPolyline(
+        QPolygonF({middle + QPointF(-7, -3), middle + QPointF(0, 4), middle + QPointF(7, -3)}));
     paintEdge(painter, size, lampWell);
 }
 

@@ -64,24 +64,39 @@ QPainterPath glyph(char letter)
 {
     QPainterPath path;
     switch (letter) {
-    case '+': lines(path, {{0, 0.55}, {1, 0.55}}); lines(path, {{0.5, 0.24}, {0.5, 0.86}}); break;
+    case '+':
+        lines(path, {{0, 0.55}, {1, 0.55}});
+        lines(path, {{0.5, 0.24}, {0.5, 0.86}});
+        break;
     case '4': lines(path, {{0.74, 1}, {0.74, 0}, {0, 0.7}, {1, 0.7}}); break;
     case '8':
         path.addEllipse(QRectF(0.1, 0, 0.8, 0.46));
         path.addEllipse(QRectF(0, 0.46, 1, 0.54));
         break;
-    case 'A': lines(path, {{0, 1}, {0.5, 0}, {1, 1}}); lines(path, {{0.17, 0.68}, {0.83, 0.68}}); break;
+    case 'A':
+        lines(path, {{0, 1}, {0.5, 0}, {1, 1}});
+        lines(path, {{0.17, 0.68}, {0.83, 0.68}});
+        break;
     case 'C': addArch(path); break;
     case 'D': addBelly(path); break;
-    case 'E': lines(path, {{0.9, 0}, {0, 0}, {0, 1}, {0.9, 1}}); lines(path, {{0, 0.5}, {0.75, 0.5}}); break;
+    case 'E':
+        lines(path, {{0.9, 0}, {0, 0}, {0, 1}, {0.9, 1}});
+        lines(path, {{0, 0.5}, {0.75, 0.5}});
+        break;
     case 'I': lines(path, {{0.5, 0}, {0.5, 1}}); break;
     case 'L': lines(path, {{0, 0}, {0, 1}, {0.9, 1}}); break;
     case 'N': lines(path, {{0, 1}, {0, 0}, {1, 1}, {1, 0}}); break;
     case 'O': path.addRoundedRect(QRectF(0, 0, 1, 1), 0.5, 0.42); break;
     case 'P': addBowl(path); break;
-    case 'R': addBowl(path); lines(path, {{0.5, 0.54}, {1, 1}}); break;
+    case 'R':
+        addBowl(path);
+        lines(path, {{0.5, 0.54}, {1, 1}});
+        break;
     case 'S': addSnake(path); break;
-    case 'T': lines(path, {{0, 0}, {1, 0}}); lines(path, {{0.5, 0}, {0.5, 1}}); break;
+    case 'T':
+        lines(path, {{0, 0}, {1, 0}});
+        lines(path, {{0.5, 0}, {0.5, 1}});
+        break;
     case 'U': addCup(path); break;
     case 'V': lines(path, {{0, 0}, {0.5, 1}, {1, 0}}); break;
     default: break;

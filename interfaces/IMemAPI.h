@@ -116,8 +116,7 @@ public:
 
     /// The stored value; 0 when the parameter does not exist. The reserved arguments are 0.
     /// Any thread, lock-free.
-    virtual int readValue(int group, int index, int element, int reserved,
-                          int reserved2) const = 0;
+    virtual int readValue(int group, int index, int element, int reserved, int reserved2) const = 0;
 
     /// The default, or with `alternative` the alternative default. `unavailable`, when given, is set
     /// to 1 if there is no alternative default (the result is then the plain one), else to 0.
@@ -230,8 +229,8 @@ public:
                                             void *context) = 0;
     /// The same for an address in fields; `selector` is added to its element.
     virtual CSimpleNotifier *createNotifier(QObject *receiver, const TSingleAddress *address,
-                                            int selector, const char *slot,
-                                            CSimpleNotifier *reuse, void *context) = 0;
+                                            int selector, const char *slot, CSimpleNotifier *reuse,
+                                            void *context) = 0;
 
     /// Works out base element and base index from the text. Returns 0, or a negative result and the
     /// fields as they were.

@@ -12,7 +12,7 @@ class TMemProxy;
 namespace paramstream {
 /// What every record begins with.
 constexpr quint32 Mark = 0x43505031;
-}
+} // namespace paramstream
 
 /// Writes one parameter into a copy stream: the proxy's address and `value`. `index` replaces the
 /// proxy's own index unless it is -1.

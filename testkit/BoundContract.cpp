@@ -118,12 +118,13 @@ void BoundContract::initTestCase()
         QVERIFY2(real && real->isReady(), memory.name);
         QVERIFY2(real->parameterExists(group, index, element), memory.name);
         QVERIFY2(real->readMinimum(group, index, element, 0)
-                     < real->readMaximum(group, index, element, 0), memory.name);
+                     < real->readMaximum(group, index, element, 0),
+                 memory.name);
     }
     for (auto it = m_exceptions.cbegin(); it != m_exceptions.cend(); ++it) {
-        const bool known = std::any_of(m_controls.begin(), m_controls.end(), [&](const Control &each) {
-            return each.className == it.key();
-        });
+        const bool known =
+            std::any_of(m_controls.begin(), m_controls.end(),
+                        [&](const Control &each) { return each.className == it.key(); });
         QVERIFY2(known, "an exception for no control: " + it.key());
     }
     for (const Control &control : m_controls) {
@@ -163,8 +164,11 @@ void BoundContract::publishesTheBindingProperties()
 {
     const Bound bound(*this);
     const QList<std::pair<const char *, QVariant>> values{
-        {"namedAddress", QString::fromLatin1(AddressName)}, {"tableId", 12},
-        {"numDefaultKind", 1}, {"undoEnable", true}, {"undoEnable", false},
+        {"namedAddress", QString::fromLatin1(AddressName)},
+        {"tableId", 12},
+        {"numDefaultKind", 1},
+        {"undoEnable", true},
+        {"undoEnable", false},
         {"disableAutoHide", true}};
     for (const auto &[name, value] : values) {
         QVERIFY2(bound.widget->metaObject()->indexOfProperty(name) >= 0, name);
@@ -178,9 +182,9 @@ void BoundContract::declaresTheSlotsAndSignals()
 {
     const Bound bound(*this);
     const QMetaObject &meta = *bound.widget->metaObject();
-    for (const char *slot : {"process(const Q_UINT8*,int,Q_UINT32)", "setNamedAddress(QString)",
-                             "setUndoEnable(bool)", "setNumDefaultKind(int)", "setTableId(int)",
-                             "setDisableAutoHide(bool)"})
+    for (const char *slot :
+         {"process(const Q_UINT8*,int,Q_UINT32)", "setNamedAddress(QString)", "setUndoEnable(bool)",
+          "setNumDefaultKind(int)", "setTableId(int)", "setDisableAutoHide(bool)"})
         QVERIFY2(meta.indexOfSlot(slot) >= 0, slot);
     for (const char *signal : {"memoryAPIValueChange(int)", "textualValueChange(QString)",
                                "pixmapValueChange(QPixmap)", "altAddressMode(bool)"})
@@ -203,8 +207,9 @@ void BoundContract::attachesOnceAndWritesNothing()
     Bound bound(*this);
     bound.real->writeValue(bound.at.group, bound.at.index, bound.at.element, bound.maximum(), 0);
     bound.bind();
-    const QString attach = QStringLiteral("attachProxy %1 0").arg(
-        packedAddress(bound.at.group, bound.at.index, bound.at.element));
+    const QString attach =
+        QStringLiteral("attachProxy %1 0")
+            .arg(packedAddress(bound.at.group, bound.at.index, bound.at.element));
     const QStringList calls = bound.watched->take({"attachProxy", "readValue", "writeValue"});
     QCOMPARE(calls.count(attach), bound.excepted(AttachesElsewhere) ? 0 : 1);
     QCOMPARE(calls.filter(QStringLiteral("writeValue")), QStringList());
@@ -236,8 +241,8 @@ void BoundContract::resetsAndCopiesItsParameter()
 {
     Bound bound(*this);
     bound.bind();
-    const int byDefault = bound.real->readDefault(bound.at.group, bound.at.index, bound.at.element,
-                                                  false, nullptr);
+    const int byDefault =
+        bound.real->readDefault(bound.at.group, bound.at.index, bound.at.element, false, nullptr);
     bound.changeElsewhere(byDefault == bound.maximum() ? bound.minimum() : bound.maximum());
     bound.proxy->reset2defaults(0);
     QCOMPARE(bound.stored(), byDefault);
@@ -248,7 +253,8 @@ void BoundContract::resetsAndCopiesItsParameter()
     QDataStream in(bytes);
     const TParamInfoReader reader(&in);
     QVERIFY(reader.isValid());
-    QCOMPARE(reader.info(), (TParamInfo{bound.at.group, bound.at.element, bound.at.index, byDefault}));
+    QCOMPARE(reader.info(),
+             (TParamInfo{bound.at.group, bound.at.element, bound.at.index, byDefault}));
 }
 
 void BoundContract::otherThreadsTouchNothing()
@@ -257,7 +263,8 @@ void BoundContract::otherThreadsTouchNothing()
     bound.bind();
     bound.watched->take();
     std::thread([&] { bound.proxy->process(nullptr, TMemProxyBasic::Refresh, 1); }).join();
-    const QStringList asked(bound.excepted(AsksWhenNew) ? 0 : 1, QStringLiteral("postObserverEvent"));
+    const QStringList asked(bound.excepted(AsksWhenNew) ? 0 : 1,
+                            QStringLiteral("postObserverEvent"));
     QCOMPARE(bound.watched->take(), asked);
 }
 

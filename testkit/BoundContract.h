@@ -57,7 +57,7 @@ public:
     ~BoundContract() override;
 
     /// Tries a class under its own name.
-    template <class Control>
+    template<class Control>
     void add()
     {
         add(Control::staticMetaObject.className(), [] { return new Control; });

@@ -9,7 +9,7 @@
 namespace callnote {
 
 /// "readValue 3 7 2"
-template <class... Numbers>
+template<class... Numbers>
 QString line(const char *what, Numbers... numbers)
 {
     QStringList words{QString::fromLatin1(what)};

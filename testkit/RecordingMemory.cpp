@@ -22,8 +22,8 @@ RecordingMemory::Parameter &RecordingMemory::at(int group, int index, int elemen
 const RecordingMemory::Parameter &RecordingMemory::look(int group, int index, int element) const
 {
     static const Parameter none;
-    const auto found = m_parameters.find(
-        packedAddress(qint16(group), qint16(index), qint16(element)));
+    const auto found =
+        m_parameters.find(packedAddress(qint16(group), qint16(index), qint16(element)));
     return found == m_parameters.end() ? none : found->second;
 }
 
@@ -233,8 +233,8 @@ CSimpleNotifier *RecordingMemory::createNotifier(QObject *, const QString &names
 }
 
 CSimpleNotifier *RecordingMemory::createNotifier(QObject *, const TSingleAddress *address,
-                                                 int selector, const char *slot,
-                                                 CSimpleNotifier *, void *)
+                                                 int selector, const char *slot, CSimpleNotifier *,
+                                                 void *)
 {
     note(line("createNotifier", address->group, address->index, address->element, selector)
          + QLatin1String(slot));

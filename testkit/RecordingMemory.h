@@ -50,7 +50,7 @@ public:
     int steppedValue = 0;                ///< where every step leads
     QPixmap pictureOfValue;              ///< of every value; null: it has a text
     std::atomic<int> observerEvents = 0; ///< how many were asked for, on any thread
-    bool lit = false; ///< the phase of the blink clock
+    bool lit = false;                    ///< the phase of the blink clock
     /// The phantom-power parameter of every channel, while it is patched to one.
     std::optional<TSingleBaseAddress> phantom;
     int connection = 0;                              ///< IMemAPI::ConnectionBit flags
@@ -85,8 +85,7 @@ public:
     QObject *blinkClock(bool *lit, int reserved) override;
     bool connectApiSignal(bool on, const char *signal, QObject *receiver,
                           const char *slot) override;
-    void setMeterWatch(bool on, TMemProxyBasic *proxy, int group, int index,
-                       int element) override;
+    void setMeterWatch(bool on, TMemProxyBasic *proxy, int group, int index, int element) override;
     const quint16 *meterTableById(int tableId, int *count, int reserved) const override;
     void requestTimecode(int count, TMemProxyBasic *proxy) override;
     int connectionState() const override { return connection; }

@@ -20,9 +20,9 @@ inline QPixmap make(int columns, int rows, const QSize &cell, int ratio = 1)
     QPainter painter(&strip);
     for (int column = 0; column < columns; ++column) {
         for (int row = 0; row < rows; ++row)
-            painter.fillRect(QRect(QPoint(column * cell.width(), row * cell.height()) * ratio,
-                                   cell * ratio),
-                             colour(column, row));
+            painter.fillRect(
+                QRect(QPoint(column * cell.width(), row * cell.height()) * ratio, cell * ratio),
+                colour(column, row));
     }
     painter.end();
     strip.setDevicePixelRatio(ratio);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QPaintEvent>
 #include <QPainter>
+#include <QPaintEvent>
 #include <QWidget>
 
 #include <vector>
@@ -22,7 +22,10 @@ public:
         setFixedSize(count * (Cell + Line), count * (Cell + Line));
     }
 
-    void set(int row, int column, bool on) { m_cells[size_t(row) * size_t(m_count) + size_t(column)] = on; }
+    void set(int row, int column, bool on)
+    {
+        m_cells[size_t(row) * size_t(m_count) + size_t(column)] = on;
+    }
 
 protected:
     void paintEvent(QPaintEvent *event) override

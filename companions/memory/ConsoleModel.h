@@ -36,18 +36,18 @@ public:
     /// One parameter of every element of its block. Values are as stored.
     struct Parameter
     {
-        int block = 0; ///< place of its block in blocks()
-        int index = 0; ///< 0 to IndexCount - 1
-        int elements = 1;     ///< channels or units; 1 to ElementCount
-        int minimum = 0;      ///< lowest value, of all elements
-        int maximum = 0;      ///< highest value, not below the minimum
-        int defaultValue = 0; ///< of element 0
-        int defaultStep = 0; ///< what the default grows by from element to element
+        int block = 0;                 ///< place of its block in blocks()
+        int index = 0;                 ///< 0 to IndexCount - 1
+        int elements = 1;              ///< channels or units; 1 to ElementCount
+        int minimum = 0;               ///< lowest value, of all elements
+        int maximum = 0;               ///< highest value, not below the minimum
+        int defaultValue = 0;          ///< of element 0
+        int defaultStep = 0;           ///< what the default grows by from element to element
         std::optional<int> altDefault; ///< the alternative default, of all elements
-        int textTable = 0; ///< 0: none
-        std::vector<int> detents; ///< where steps stop, ascending; empty: everywhere
-        QString name;  ///< in addresses: "kLowGain"
-        QString label; ///< for people: "EQ Low Gain"
+        int textTable = 0;             ///< 0: none
+        std::vector<int> detents;      ///< where steps stop, ascending; empty: everywhere
+        QString name;                  ///< in addresses: "kLowGain"
+        QString label;                 ///< for people: "EQ Low Gain"
 
         /// The default of an element.
         int defaultOf(int element) const { return defaultValue + element * defaultStep; }

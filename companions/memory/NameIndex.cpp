@@ -126,7 +126,8 @@ QList<IMemAPI::TSingleAddress> NameIndex::channelRanges(const QString &names) co
         const int channels = count.value_or(entry.target->elements);
         ranges.append({{static_cast<qint16>(entry.target->group), 0,
                         static_cast<qint16>(entry.target->index)},
-                       static_cast<qint16>(firstChannel), static_cast<qint16>(channels)});
+                       static_cast<qint16>(firstChannel),
+                       static_cast<qint16>(channels)});
         firstChannel += channels;
     }
     return ranges;

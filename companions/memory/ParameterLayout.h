@@ -19,7 +19,7 @@ public:
     /// One parameter, by name and by address; its elements follow one another.
     struct Parameter
     {
-        QString name; ///< "block/parameter"
+        QString name;     ///< "block/parameter"
         int group = 0;    ///< as in addresses
         int index = 0;    ///< as in addresses
         int elements = 0; ///< how many values it has

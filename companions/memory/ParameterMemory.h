@@ -117,8 +117,7 @@ public:
     QObject *blinkClock(bool *lit, int reserved) override;
     bool connectApiSignal(bool on, const char *signal, QObject *receiver,
                           const char *slot) override;
-    void setMeterWatch(bool on, TMemProxyBasic *proxy, int group, int index,
-                       int element) override;
+    void setMeterWatch(bool on, TMemProxyBasic *proxy, int group, int index, int element) override;
     const quint16 *meterTableById(int tableId, int *count, int reserved) const override;
     void requestTimecode(int count, TMemProxyBasic *proxy) override;
     int connectionState() const override;

@@ -49,7 +49,8 @@ private:
     {
         const quint32 count = number();
         if (static_cast<qint64>(count) * bytesOfEach > m_device.bytesAvailable())
-            fail(QStringLiteral("it ends in the middle: %1 are to come at byte %2, which are not there")
+            fail(QStringLiteral(
+                     "it ends in the middle: %1 are to come at byte %2, which are not there")
                      .arg(count)
                      .arg(m_device.pos()));
         return count;

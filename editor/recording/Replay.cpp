@@ -113,7 +113,8 @@ bool ReplayRun::report() const
 bool replay::run(ParameterMemory &memory, const Recording &recording, const QStringList &forms)
 {
     if (recording.first.layout->fingerprint() != memory.snapshot().layout->fingerprint()) {
-        std::fprintf(stderr, "console-editor: the recording is of a console with other parameters\n");
+        std::fprintf(stderr,
+                     "console-editor: the recording is of a console with other parameters\n");
         return false;
     }
     const QTemporaryDir folder;

@@ -20,5 +20,6 @@ double Growth::perMinute() const
 
 double Growth::overall() const
 {
-    return m_samples.empty() ? 0 : perMinute() * (m_samples.back().minutes - m_samples.front().minutes);
+    return m_samples.empty() ? 0
+                             : perMinute() * (m_samples.back().minutes - m_samples.front().minutes);
 }

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <QEvent>
-#include <QPointF>
 #include <QPointer>
+#include <QPointF>
 #include <QWidget>
 
 /// An operator's hand: gives windows the events that a mouse and a keyboard would make. Who gets them

@@ -6,7 +6,7 @@
 #include <QList>
 
 #ifdef __GLIBC__
-#include <malloc.h>
+#    include <malloc.h>
 #endif
 
 namespace {

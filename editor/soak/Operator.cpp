@@ -25,12 +25,12 @@ struct Key
 };
 
 constexpr std::array Keys{
-    Key{Qt::Key_Up, ""},       Key{Qt::Key_Down, ""},   Key{Qt::Key_Left, ""},
-    Key{Qt::Key_Right, ""},    Key{Qt::Key_PageUp, ""}, Key{Qt::Key_PageDown, ""},
-    Key{Qt::Key_Home, ""},     Key{Qt::Key_End, ""},    Key{Qt::Key_Tab, "\t"},
-    Key{Qt::Key_Backtab, ""},  Key{Qt::Key_Space, " "}, Key{Qt::Key_Return, "\r"},
-    Key{Qt::Key_Escape, "\x1b"}, Key{Qt::Key_5, "5"},   Key{Qt::Key_Minus, "-"},
-    Key{Qt::Key_F2, ""},       Key{Qt::Key_Delete, ""}, Key{Qt::Key_A, "a"},
+    Key{Qt::Key_Up, ""},         Key{Qt::Key_Down, ""},   Key{Qt::Key_Left, ""},
+    Key{Qt::Key_Right, ""},      Key{Qt::Key_PageUp, ""}, Key{Qt::Key_PageDown, ""},
+    Key{Qt::Key_Home, ""},       Key{Qt::Key_End, ""},    Key{Qt::Key_Tab, "\t"},
+    Key{Qt::Key_Backtab, ""},    Key{Qt::Key_Space, " "}, Key{Qt::Key_Return, "\r"},
+    Key{Qt::Key_Escape, "\x1b"}, Key{Qt::Key_5, "5"},     Key{Qt::Key_Minus, "-"},
+    Key{Qt::Key_F2, ""},         Key{Qt::Key_Delete, ""}, Key{Qt::Key_A, "a"},
 };
 
 /// The keys with which an operator gets out of a popup: a number, Return, Escape.
@@ -46,8 +46,8 @@ bool isBound(const QWidget *widget)
 /// Commands that leave the window as it is, and open no box that waits for an answer elsewhere.
 bool isHarmless(const QAction &action)
 {
-    return action.isEnabled() && !action.isSeparator() && !action.menu()
-           && action.parent() && !action.text().isEmpty();
+    return action.isEnabled() && !action.isSeparator() && !action.menu() && action.parent()
+           && !action.text().isEmpty();
 }
 
 } // namespace
@@ -116,8 +116,8 @@ void Operator::click(QWidget &control)
 
 void Operator::wheel(QWidget &control)
 {
-    const int delta = m_dice.below(2) ? QWheelEvent::DefaultDeltasPerStep
-                                      : -QWheelEvent::DefaultDeltasPerStep;
+    const int delta =
+        m_dice.below(2) ? QWheelEvent::DefaultDeltasPerStep : -QWheelEvent::DefaultDeltasPerStep;
     m_hand.wheel(&control, placeIn(control), delta);
 }
 
@@ -161,7 +161,8 @@ bool Operator::answerPopup()
         m_hand.press(popup, placeIn(*popup));
         return true;
     }
-    const Key &key = PopupKeys[static_cast<size_t>(m_dice.below(static_cast<int>(PopupKeys.size())))];
+    const Key &key =
+        PopupKeys[static_cast<size_t>(m_dice.below(static_cast<int>(PopupKeys.size())))];
     m_hand.key(popup, key.key, QString::fromLatin1(key.text));
     return true;
 }

@@ -11,8 +11,8 @@
 #include "editor/soak/MemoryUse.h"
 #include "editor/soak/Operator.h"
 #include "editor/soak/SoakWindows.h"
-#include "editor/soak/StallWatch.h"
 #include "editor/soak/Stagehand.h"
+#include "editor/soak/StallWatch.h"
 #include "editor/soak/WarningCount.h"
 
 #include <QAccessible>
@@ -131,7 +131,8 @@ void SoakRun::post()
     if (m_posted || m_checking)
         return;
     m_posted = true;
-    QMetaObject::invokeMethod(&m_steps, [this] { step(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        &m_steps, [this] { step(); }, Qt::QueuedConnection);
 }
 
 void SoakRun::step()
@@ -148,7 +149,8 @@ void SoakRun::step()
     // The operator finds the slower rates in the menus, too.
     m_held.console().setRate(m_plan.rate);
     const bool free = outermost && !QApplication::activeModalWidget();
-    if (free && m_sinceCheck.hasExpired(std::min<qint64>(MostBetweenChecks, m_duration / LeastChecks)))
+    if (free
+        && m_sinceCheck.hasExpired(std::min<qint64>(MostBetweenChecks, m_duration / LeastChecks)))
         check();
     else if (++m_stepCount % StepsPerDeed == 0 && free)
         m_stagehand.act();
@@ -211,8 +213,9 @@ bool SoakRun::report() const
               .arg(m_operator.operations())
               .arg(m_stagehand.operations())
               .arg(m_held.console().changes()));
-    print(QStringLiteral("Checks: %1, of %2 controls and %3 windows, %4 of them on the screen; warnings: %5; "
-                         "differences: %6")
+    print(QStringLiteral(
+              "Checks: %1, of %2 controls and %3 windows, %4 of them on the screen; warnings: %5; "
+              "differences: %6")
               .arg(m_checker.checks())
               .arg(m_checker.controlsCompared())
               .arg(m_checker.windowsCompared())
@@ -226,18 +229,20 @@ bool SoakRun::report() const
 
 bool SoakRun::reportMemory() const
 {
-    print(QStringLiteral("Memory: %1 MB resident at the end, %2 MB of it allocated; peak %3 MB at the start, "
-                         "%4 MB at the end")
+    print(QStringLiteral(
+              "Memory: %1 MB resident at the end, %2 MB of it allocated; peak %3 MB at the start, "
+              "%4 MB at the end")
               .arg(megabytes(m_last.resident), megabytes(m_last.allocated),
                    megabytes(m_peakAtStart), megabytes(MemoryUse::peak())));
     if (!isGrowthKnown()) {
         print(QStringLiteral("Its growth is not judged in so short a soak"));
         return true;
     }
-    const bool grown = m_resident.overall() > soak::MostResidentGrowth
-                       || m_allocated.overall() > soak::MostGrowth;
-    print(QStringLiteral("After the first minute: %1 MB resident, %2 MB of it allocated; growth since, by "
-                         "%3 samples: %4 MB and %5 MB%6")
+    const bool grown =
+        m_resident.overall() > soak::MostResidentGrowth || m_allocated.overall() > soak::MostGrowth;
+    print(QStringLiteral(
+              "After the first minute: %1 MB resident, %2 MB of it allocated; growth since, by "
+              "%3 samples: %4 MB and %5 MB%6")
               .arg(megabytes(m_first.resident), megabytes(m_first.allocated))
               .arg(m_resident.samples())
               .arg(megabytes(qRound64(m_resident.overall())),
@@ -249,8 +254,9 @@ bool SoakRun::reportMemory() const
 /// What an event had to wait for, by the clock and by what the GUI thread did meanwhile.
 bool SoakRun::reportStalls() const
 {
-    print(QStringLiteral("Longest waits of an event, in ms: by the clock (the GUI thread ran, waited, was kept "
-                         "from running by others; our other threads were kept)"));
+    print(QStringLiteral(
+        "Longest waits of an event, in ms: by the clock (the GUI thread ran, waited, was kept "
+        "from running by others; our other threads were kept)"));
     bool smooth = true;
     for (const StallWatch::Stall &each : m_watch.longest()) {
         const bool tooLong = each.own() > soak::LongestStall;

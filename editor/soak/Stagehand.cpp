@@ -232,7 +232,7 @@ QWidget *Stagehand::anyControl(MainWindow &window)
         if (proxy && proxy->isAttached())
             controls.push_back(each);
     }
-    return controls.empty() ? nullptr
-                            : controls[static_cast<size_t>(
-                                m_dice.below(static_cast<int>(controls.size())))];
+    return controls.empty()
+               ? nullptr
+               : controls[static_cast<size_t>(m_dice.below(static_cast<int>(controls.size())))];
 }

@@ -128,9 +128,12 @@ bool StallWatch::event(QEvent *event)
         return QObject::event(event);
     const Times answered = now();
     // Threads that have ended no longer count.
-    const Stall stall{m_doing, answered.clock - m_asked.clock, answered.running - m_asked.running,
+    const Stall stall{m_doing,
+                      answered.clock - m_asked.clock,
+                      answered.running - m_asked.running,
                       answered.kept - m_asked.kept,
-                      std::max(0.0, answered.othersKept - m_asked.othersKept), 0};
+                      std::max(0.0, answered.othersKept - m_asked.othersKept),
+                      0};
     m_last.stopped = m_stopped;
     if (!m_last.doing.empty())
         note(m_last);
@@ -142,9 +145,8 @@ bool StallWatch::event(QEvent *event)
 
 void StallWatch::note(const Stall &stall)
 {
-    const auto same = std::find_if(m_longest.begin(), m_longest.end(), [&](const Stall &each) {
-        return each.doing == stall.doing;
-    });
+    const auto same = std::find_if(m_longest.begin(), m_longest.end(),
+                                   [&](const Stall &each) { return each.doing == stall.doing; });
     if (same == m_longest.end())
         m_longest.push_back(stall);
     else if (stall.own() > same->own())

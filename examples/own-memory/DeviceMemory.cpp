@@ -46,9 +46,8 @@ void DeviceMemory::attachProxy(TMemProxyBasic *proxy, quint32 address, int)
 
 void DeviceMemory::detachProxy(TMemProxyBasic *proxy, quint32 address)
 {
-    m_registrations.removeIf([=](const Registration &each) {
-        return each.proxy == proxy && each.address == address;
-    });
+    m_registrations.removeIf(
+        [=](const Registration &each) { return each.proxy == proxy && each.address == address; });
 }
 
 void DeviceMemory::releaseProxy(TMemProxyBasic *proxy)
@@ -93,9 +92,8 @@ int DeviceMemory::writeValue(int group, int index, int element, int value, int)
     store(index, element, value);
     if (m_device) {
         // Its answer may be another value; the controls then follow.
-        QMetaObject::invokeMethod(m_device, [=, device = m_device] {
-            device->set(index, element, value);
-        });
+        QMetaObject::invokeMethod(m_device,
+                                  [=, device = m_device] { device->set(index, element, value); });
     }
     return Ok;
 }
@@ -113,8 +111,8 @@ void DeviceMemory::alert(int group, int index, int element)
     const QMutexLocker locker(&m_mutex);
     // A negative group means everybody.
     for (int i = 0; group < 0 && i < ToyDevice::ParameterCount * ToyDevice::Channels; ++i)
-        m_changed.insert(packedAddress(0, qint16(i / ToyDevice::Channels),
-                                       qint16(i % ToyDevice::Channels)));
+        m_changed.insert(
+            packedAddress(0, qint16(i / ToyDevice::Channels), qint16(i % ToyDevice::Channels)));
     if (group >= 0)
         m_changed.insert(packedAddress(qint16(group), qint16(index), qint16(element)));
     deliverLater();

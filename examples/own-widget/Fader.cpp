@@ -17,8 +17,7 @@ QAccessibleInterface *makeAccessible(const QString &className, QObject *object)
 
 Fader::Fader(QWidget *parent) : QSlider(Qt::Vertical, parent)
 {
-    [[maybe_unused]] static const bool speaks =
-        (QAccessible::installFactory(makeAccessible), true);
+    [[maybe_unused]] static const bool speaks = (QAccessible::installFactory(makeAccessible), true);
     setFocusPolicy(Qt::WheelFocus);
 }
 

@@ -155,7 +155,8 @@ void TestEditorProgram::failureIsOneLineAndStatusOne_data()
     QTest::newRow("JSON of nothing") << QStringList("--json") << "--check";
     QTest::newRow("soak of no time") << QStringList({"--soak", "nan"}) << "nan";
     QTest::newRow("recording missing") << QStringList({"--replay", path("no")}) << "no";
-    QTest::newRow("recording of something else") << QStringList({"--replay", broken}) << "no recording";
+    QTest::newRow("recording of something else")
+        << QStringList({"--replay", broken}) << "no recording";
     QTest::newRow("recording cannot be written")
         << QStringList({"--soak", "1", "--record", file + "/in"}) << "file/in";
     QTest::newRow("seed unusable") << QStringList({"--soak", "1", "--seed", "-1"}) << "-1";
@@ -229,20 +230,19 @@ void TestEditorProgram::faultsOfFormsAreToldWithAStatus()
     const QJsonObject report = QJsonDocument::fromJson(made.output.toUtf8()).object();
     QCOMPARE(report["forms"].toInt(), forms.size());
     QCOMPARE(report["findings"].toArray().size(), findings);
-    const QJsonObject expected{{"file", forms.constFirst()},
-                               {"line", 4},
-                               {"widget", "gain"},
-                               {"property", "namedAddress"},
-                               {"kind", "address"},
-                               {"reason", "no parameter \"kInputHA/kGian\""},
-                               {"nearest", "kInputHA/kGain"}};
+    const QJsonObject expected{
+        {"file", forms.constFirst()}, {"line", 4},
+        {"widget", "gain"},           {"property", "namedAddress"},
+        {"kind", "address"},          {"reason", "no parameter \"kInputHA/kGian\""},
+        {"nearest", "kInputHA/kGain"}};
     QCOMPARE(report["findings"][0].toObject(), expected);
 }
 
 // Not its status: how long the GUI thread runs depends on the machine, and on the build.
 void TestEditorProgram::aSoakFindsNoDifference()
 {
-    const Run made = run({"--soak", "0.08", "--seed", "7", "--rate", "2000", "--record", path("show")});
+    const Run made =
+        run({"--soak", "0.08", "--seed", "7", "--rate", "2000", "--record", path("show")});
     QVERIFY2(made.output.contains("; warnings: 0; differences: 0\n"), qPrintable(made.output));
     const QRegularExpression operations("Operations: ([1-9]\\d*) of the operator");
     QVERIFY2(operations.match(made.output).hasMatch(), qPrintable(made.output));
@@ -289,8 +289,9 @@ void TestEditorProgram::helpAndVersionNeedNoDisplay()
 {
     const Run help = run({"--help"});
     QCOMPARE(help.status, 0);
-    for (const char *option : {"--model", "--library", "--screens", "--check", "--json", "--classes", "--rate",
-                               "--size", "--scale", "--soak", "--seed", "--record", "--replay", "FORM"})
+    for (const char *option :
+         {"--model", "--library", "--screens", "--check", "--json", "--classes", "--rate", "--size",
+          "--scale", "--soak", "--seed", "--record", "--replay", "FORM"})
         QVERIFY2(help.output.contains(option), option);
     const Run version = run({"--version"});
     QCOMPARE(version.status, 0);

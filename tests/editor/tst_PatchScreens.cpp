@@ -33,7 +33,10 @@ private:
         }
         return nullptr;
     }
-    static GridPanel *panelOf(CGrid *grid) { return static_cast<GridPanel *>(grid->parentWidget()); }
+    static GridPanel *panelOf(CGrid *grid)
+    {
+        return static_cast<GridPanel *>(grid->parentWidget());
+    }
     static QPoint centre(const CGrid *grid, int row, int column)
     {
         QRect cell;
@@ -54,10 +57,15 @@ void TestPatchScreens::aClickPatchesAndIsOneUndoStep_data()
     QTest::addColumn<int>("before");
     QTest::addColumn<int>("after");
     // Row 2, column 5.
-    QTest::newRow("input") << "input-patch" << "Input patch" << "kPatchInInput/kPatchIn" << 2 << 3 << 6;
-    QTest::newRow("mixes") << "bus-patch" << "Mix assign" << "kInputAssign/kMixMask" << 5 << 0 << 4;
-    QTest::newRow("outputs") << "bus-patch" << "Output patch" << "kPatchOutOmni/kPatchOut" << 2
-                             << 51 << 54;
+    QTest::newRow("input") << "input-patch"
+                           << "Input patch"
+                           << "kPatchInInput/kPatchIn" << 2 << 3 << 6;
+    QTest::newRow("mixes") << "bus-patch"
+                           << "Mix assign"
+                           << "kInputAssign/kMixMask" << 5 << 0 << 4;
+    QTest::newRow("outputs") << "bus-patch"
+                             << "Output patch"
+                             << "kPatchOutOmni/kPatchOut" << 2 << 51 << 54;
 }
 
 void TestPatchScreens::aClickPatchesAndIsOneUndoStep()
@@ -113,12 +121,15 @@ void TestPatchScreens::aChangeFromElsewhereIsPaintedWithoutBeingAsked_data()
     QTest::addColumn<int>("value");
     QTest::addColumn<QPoint>("cell");
     // Far from the first channel, whose address is the grid's own.
-    QTest::newRow("input") << "input-patch" << "Input patch" << "kPatchInInput/kPatchIn" << 40 << 12
-                           << QPoint(11, 40);
-    QTest::newRow("mixes") << "bus-patch" << "Mix assign" << "kInputAssign/kMixMask" << 30 << 4
-                           << QPoint(30, 2);
-    QTest::newRow("outputs") << "bus-patch" << "Output patch" << "kPatchOutOmni/kPatchOut" << 4 << 60
-                             << QPoint(11, 4);
+    QTest::newRow("input") << "input-patch"
+                           << "Input patch"
+                           << "kPatchInInput/kPatchIn" << 40 << 12 << QPoint(11, 40);
+    QTest::newRow("mixes") << "bus-patch"
+                           << "Mix assign"
+                           << "kInputAssign/kMixMask" << 30 << 4 << QPoint(30, 2);
+    QTest::newRow("outputs") << "bus-patch"
+                             << "Output patch"
+                             << "kPatchOutOmni/kPatchOut" << 4 << 60 << QPoint(11, 4);
 }
 
 void TestPatchScreens::aChangeFromElsewhereIsPaintedWithoutBeingAsked()

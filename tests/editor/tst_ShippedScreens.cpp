@@ -83,9 +83,9 @@ void TestShippedScreens::tabWalksAStripFromTopToBottom()
 {
     QWidget *control = m_rig.control("channel-strips", "Input 3 gain");
     control->setFocus();
-    const QStringList order{"+48V",         "pair",          "high-pass frequency", "EQ high gain",
-                            "EQ mid gain",  "EQ low gain",   "send to mix 1",       "send to mix 2",
-                            "pan",          "link group",    "attenuator"};
+    const QStringList order{"+48V",        "pair",        "high-pass frequency", "EQ high gain",
+                            "EQ mid gain", "EQ low gain", "send to mix 1",       "send to mix 2",
+                            "pan",         "link group",  "attenuator"};
     for (const QString &name : order) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QCOMPARE(QApplication::focusWidget()->accessibleName(), "Input 3 " + name);

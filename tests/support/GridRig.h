@@ -21,8 +21,12 @@ public:
     {
         void add(int key, const TParamInfo &before) override
         {
-            notes.append(QStringLiteral("undo %1: %2 %3 %4 = %5").arg(key).arg(before.group)
-                             .arg(before.index).arg(before.element).arg(before.value));
+            notes.append(QStringLiteral("undo %1: %2 %3 %4 = %5")
+                             .arg(key)
+                             .arg(before.group)
+                             .arg(before.index)
+                             .arg(before.element)
+                             .arg(before.value));
         }
         QStringList notes;
     };

@@ -13,7 +13,7 @@ struct PatchRig
 {
     PatchRig() { loaded = memory.load(ParameterMemory::builtInModel()); }
 
-    template <class Control>
+    template<class Control>
     void bind(Control &control, const QString &name, int element)
     {
         QVERIFY(loaded);

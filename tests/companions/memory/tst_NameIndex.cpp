@@ -76,13 +76,17 @@ void tst_NameIndex::givesEachNameItsChannels()
     const auto ranges = [&names](const QString &list) {
         QStringList texts;
         for (const IMemAPI::TSingleAddress &each : names.channelRanges(list))
-            texts.append(QString("%1 %2 %3: %4+%5").arg(each.group).arg(each.index).arg(each.element)
-                             .arg(each.firstChannel).arg(each.channelCount));
+            texts.append(QString("%1 %2 %3: %4+%5")
+                             .arg(each.group)
+                             .arg(each.index)
+                             .arg(each.element)
+                             .arg(each.firstChannel)
+                             .arg(each.channelCount));
         return texts;
     };
     QCOMPARE(ranges("kPatchInInput/kPatchIn"), QStringList("400 0 0: 0+48"));
-    QCOMPARE(ranges(Groups), QStringList({"204 0 0: 0+48", "205 0 0: 48+16", "206 0 0: 64+8",
-                                          "207 0 0: 72+3"}));
+    QCOMPARE(ranges(Groups),
+             QStringList({"204 0 0: 0+48", "205 0 0: 48+16", "206 0 0: 64+8", "207 0 0: 72+3"}));
     QCOMPARE(ranges("FEkInputPair/kPair;02kNone/kPair;10FEkMixPair/kPair"),
              QStringList("200 0 0: 0+48"));
     QCOMPARE(ranges("kNone/kPair"), QStringList());

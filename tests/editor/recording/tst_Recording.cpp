@@ -7,8 +7,8 @@
 
 #include <QBuffer>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QtEndian>
+#include <QTest>
 
 class TestRecording : public QObject
 {
@@ -40,7 +40,7 @@ private:
     ParameterMemory m_memory;
     QTemporaryDir m_folder;
     QString m_error;
-    QByteArray m_file; ///< two changes in two frames
+    QByteArray m_file;      ///< two changes in two frames
     qsizetype m_frames = 0; ///< where they begin
     ParameterSnapshot m_first;
 };
@@ -113,14 +113,16 @@ void TestRecording::hostileFilesAreToldAndNotTaken_data()
     QTest::newRow("another file") << QByteArray("<ui version=\"4.0\"></ui>") << "no recording";
     QTest::newRow("later version") << with(4, 2) << "version 2";
     QTest::newRow("endless layout") << with(8, huge) << "ends in the middle";
-    QTest::newRow("broken layout") << QByteArray(m_file).replace(12, 3, "\xff\n\xff") << "parameters";
+    QTest::newRow("broken layout")
+        << QByteArray(m_file).replace(12, 3, "\xff\n\xff") << "parameters";
     QTest::newRow("endless values") << with(counted, huge) << "ends in the middle";
     QTest::newRow("too few values") << with(counted, 3) << "3 first values";
     QTest::newRow("endless changes") << with(m_frames + 4, huge) << "ends in the middle";
     QTest::newRow("value that is not there") << with(m_frames + 8, huge) << "cannot have changed";
     QTest::newRow("back in time") << with(m_frames, 80'000'000) << "cannot follow";
     QTest::newRow("time without end") << with(m_frames, huge) << "cannot follow";
-    QTest::newRow("more after the end") << m_file + "x" << "follows its end";
+    QTest::newRow("more after the end") << m_file + "x"
+                                        << "follows its end";
 }
 
 void TestRecording::hostileFilesAreToldAndNotTaken()
@@ -141,8 +143,8 @@ void TestRecording::aReplayEndsWithTheRecordedValues()
     // Without its last parameter it is another console.
     Recording foreign = *recording;
     const QByteArray lines = foreign.first.layout->description();
-    const auto fewer =
-        ParameterLayout::fromDescription(lines.first(lines.lastIndexOf('\n', lines.size() - 2) + 1));
+    const auto fewer = ParameterLayout::fromDescription(
+        lines.first(lines.lastIndexOf('\n', lines.size() - 2) + 1));
     if (fewer) {
         foreign.first.layout = std::make_shared<ParameterLayout>(*fewer);
         QVERIFY(!replay::run(other, foreign, {":/forms/masters.ui"}));

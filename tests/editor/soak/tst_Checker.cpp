@@ -31,7 +31,7 @@
 namespace {
 
 /// While the watch waits for an answer.
-template <typename Deed>
+template<typename Deed>
 void letDo(StallWatch &watch, const char *what, Deed deed)
 {
     QTest::qWait(20);
@@ -101,12 +101,14 @@ void TestChecker::aPixelThatNoPaintGivesIsFound()
     MainWindow *window = m_windows.window(0);
     Checker(m_memory, m_windows).check(); // nothing waits to be painted any more
     const QPoint place = dial()->mapTo(window, dial()->rect().center());
-    QPainter(window->backingStore()->paintDevice()).fillRect(QRect(place, QSize(1, 1)), Qt::magenta);
+    QPainter(window->backingStore()->paintDevice())
+        .fillRect(QRect(place, QSize(1, 1)), Qt::magenta);
     Checker checker(m_memory, m_windows);
     checker.check();
     QCOMPARE(checker.differences(), 1);
     const QString line = checker.lines().constFirst();
-    for (const QString &part : {dial()->accessibleName(), dial()->namedAddress(), QString("1x1 pixels")})
+    for (const QString &part :
+         {dial()->accessibleName(), dial()->namedAddress(), QString("1x1 pixels")})
         QVERIFY2(line.contains(part), qPrintable(line));
 }
 
@@ -134,7 +136,8 @@ void TestChecker::aControlThatMissedAChangeIsFound()
     checker.check();
     const QStringList found = checker.lines().filter(dial()->namedAddress());
     QCOMPARE(found.size(), 2);
-    QVERIFY2(found.constFirst().contains(QString::number(stored + 60)), qPrintable(found.constFirst()));
+    QVERIFY2(found.constFirst().contains(QString::number(stored + 60)),
+             qPrintable(found.constFirst()));
     QVERIFY2(found.constLast().contains("reading the memory again"), qPrintable(found.constLast()));
     m_memory.attachProxy(dial(), dial()->packed(), 0);
 }
@@ -210,8 +213,7 @@ void TestChecker::aStopOfTheProgramIsNoStallOfItsOwn()
     // However long this program takes to stop, it is sent on half a second after that.
     const QString sendOn("until grep -q '^State:.T' /proc/%1/status; do sleep 0.02; done; "
                          "sleep 0.5; kill -CONT %1");
-    QVERIFY(QProcess::startDetached(
-        "sh", {"-c", sendOn.arg(QCoreApplication::applicationPid())}));
+    QVERIFY(QProcess::startDetached("sh", {"-c", sendOn.arg(QCoreApplication::applicationPid())}));
     letDo(watch, "stop", [] {
         QThread::msleep(100); // the watch asks
         std::raise(SIGSTOP);
