@@ -21,7 +21,7 @@ case "$#:${1:-}:${2:-}" in
 esac
 
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")"
-scripts/setup.sh xvfb openbox weston
+scripts/setup.sh clang-format-14 xvfb openbox weston
 scripts/build.sh "$preset"
 
 # The thread sanitizer of this compiler cannot place its memory where addresses are spread widely.
