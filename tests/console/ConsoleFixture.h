@@ -17,6 +17,14 @@ inline std::unique_ptr<ParameterMemory> loadedMemory()
     return memory;
 }
 
+inline void setValue(ParameterMemory &memory, const QString &name, int element, int value)
+{
+    IMemAPI::TSingleBaseAddress at;
+    if (!memory.resolve(name, element, at))
+        qFatal("no %s", qPrintable(name));
+    memory.writeValue(at.group, at.index, at.element, value, 0);
+}
+
 /// Calls `visit` with every parameter and its value, element by element, in a fixed order.
 template<typename Visit>
 void forEachValue(const ParameterMemory &memory, const Visit &visit)
