@@ -21,6 +21,7 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QIcon>
+#include <QLayout>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QScrollArea>
@@ -261,6 +262,7 @@ void MainWindow::addCorner()
     d->channelAction = corner->addWidget(d->channel);
     corner->addActions(d->history);
     corner->setIconSize(QSize(16, 16));
+    corner->layout()->setContentsMargins({}); // the tabs are as high as what stands here
     d->channel->setChannelCount(d->pages->channelCount());
     d->pages->setCornerWidget(corner, Qt::TopRightCorner);
     connect(d->channel, &ChannelChooser::channelChanged, this,
