@@ -60,6 +60,9 @@ void prepareEnvironment(const EditorOptions &options)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_SCALE_FACTOR", QByteArray::number(options.scale));
     qputenv("QT_SCALE_FACTOR_ROUNDING_POLICY", "PassThrough");
+    // Wayland's own asks for the compositor's keyboard, which may not have one for the keys of a soak.
+    if (!qEnvironmentVariableIsSet("QT_IM_MODULE"))
+        qputenv("QT_IM_MODULE", "compose");
 }
 
 QString ownFile(QStandardPaths::StandardLocation location, const char *name)

@@ -11,6 +11,8 @@
 #include <QElapsedTimer>
 #include <QThread>
 
+#include <map>
+
 namespace {
 
 /// Longer than any control takes to act on what has been done to it: a key's click takes 100 ms.
@@ -34,9 +36,9 @@ void Checker::check()
     ++m_checks;
     settle();
     compareValues();
-    comparePictures();
+    for (MainWindow *window : shownWindows())
+        comparePictures(*window);
     compareAfterReading();
-    m_pictures.clear();
 }
 
 void Checker::settle()
@@ -68,14 +70,15 @@ void Checker::compareValues()
     }
 }
 
-void Checker::comparePictures()
+std::vector<MainWindow *> Checker::shownWindows() const
 {
+    std::vector<MainWindow *> found;
     for (int number = 0; number < m_windows.count(); ++number) {
         MainWindow *window = m_windows.window(number);
-        if (!window || !window->isVisible() || window->isMinimized())
-            continue;
-        comparePictures(*window);
+        if (window && window->isVisible() && !window->isMinimized())
+            found.push_back(window);
     }
+    return found;
 }
 
 void Checker::comparePictures(MainWindow &window)
@@ -90,19 +93,21 @@ void Checker::comparePictures(MainWindow &window)
         return;
     ++m_compared;
     m_photographed += where == windowpicture::Where::Screen;
-    const Picture &due = m_pictures[&window] = {where, windowpicture::repainted(window, where)};
-    compare(window, shown, due.image, QStringLiteral("shows pixels that a paint does not give"));
+    compare(window, shown, windowpicture::repainted(window, where),
+            QStringLiteral("shows pixels that a paint does not give"));
 }
 
+/// In the stores: windows that are raised may take the mouse from each other, and say so.
 void Checker::compareAfterReading()
 {
+    std::map<MainWindow *, QImage> pictures;
+    for (MainWindow *window : shownWindows())
+        pictures[window] = windowpicture::repainted(*window);
     m_memory.alert(-1, 0, 0);
     deliverPosted();
-    for (const auto &[window, before] : m_pictures) {
-        window->raise();
-        compare(*window, before.image, windowpicture::present(*window, before.where),
+    for (const auto &[window, before] : pictures)
+        compare(*window, before, windowpicture::present(*window),
                 QStringLiteral("shows something else after reading the memory again"));
-    }
 }
 
 void Checker::compare(QWidget &window, const QImage &shown, const QImage &due, const QString &fault)

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "editor/soak/WindowPicture.h"
-
 #include <QDir>
 #include <QImage>
 #include <QString>
 #include <QStringList>
 
-#include <map>
+#include <vector>
 
 class HeldConsole;
 class MainWindow;
@@ -46,7 +44,7 @@ public:
 
 private:
     void settle();
-    void comparePictures();
+    std::vector<MainWindow *> shownWindows() const;
     void comparePictures(MainWindow &window);
     void compareAfterReading();
     void compare(QWidget &window, const QImage &shown, const QImage &due, const QString &fault);
@@ -56,12 +54,6 @@ private:
     ParameterMemory &m_memory;
     SoakWindows &m_windows;
     QString m_folder;
-    struct Picture
-    {
-        windowpicture::Where where;
-        QImage image;
-    };
-    std::map<MainWindow *, Picture> m_pictures; ///< of this check, all painted anew
     QStringList m_lines;
     int m_checks = 0;
     qint64 m_controls = 0;

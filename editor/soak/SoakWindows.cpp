@@ -5,10 +5,21 @@
 #include "editor/ScreenPages.h"
 #include "interfaces/TMemProxy.h"
 
+#include <QAbstractItemView>
+#include <QGuiApplication>
 #include <QRegularExpression>
 #include <QScrollArea>
 
 namespace {
+
+/// A compositor lets rows be dragged by a mouse of its own only; where it has none, Qt falls over.
+void leaveRowsInPlace(const QWidget &window)
+{
+    if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
+        return;
+    for (auto *list : window.findChildren<QAbstractItemView *>())
+        list->setDragEnabled(false);
+}
 
 constexpr qsizetype MostInAPiece = 300; // widgets, which take some milliseconds
 
@@ -51,6 +62,7 @@ void SoakWindows::open(int number)
     window = std::make_unique<MainWindow>(m_memory, m_console, m_library, forms);
     window->setObjectName(number < m_forms.size() ? window->pages().pageName(0)
                                                   : QStringLiteral("all screens"));
+    leaveRowsInPlace(*window);
     window->resize(WindowSize);
     window->show();
 }

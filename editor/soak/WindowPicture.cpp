@@ -83,16 +83,18 @@ bool isBetweenWholeNumbers(qreal ratio)
     return ratio != std::floor(ratio);
 }
 
-/// The pixels of what shows of all controls.
+/// The pixels of what shows of controls, but of those that begin outside.
 QRegion pixelsOfControls(const QWidget &window)
 {
-    const QTransform toPixels =
-        QTransform::fromScale(window.devicePixelRatio(), window.devicePixelRatio());
+    const qreal ratio = window.devicePixelRatio();
     QRegion found;
-    for (QWidget *each : window.findChildren<QWidget *>()) {
-        if (each->isVisible() && dynamic_cast<TMemProxyBasic *>(each))
-            found +=
-                toPixels.map(each->visibleRegion().translated(each->mapTo(&window, QPoint(0, 0))));
+    for (const QWidget *each : window.findChildren<QWidget *>()) {
+        const QPoint corner = each->mapTo(&window, QPoint(0, 0));
+        if (!each->isVisible() || corner.x() < 0 || corner.y() < 0
+            || !dynamic_cast<const TMemProxyBasic *>(each))
+            continue;
+        for (const QRect &part : each->visibleRegion().translated(corner))
+            found += QRectF(QPointF(part.topLeft()) * ratio, QSizeF(part.size()) * ratio).toRect();
     }
     return found;
 }

@@ -29,7 +29,8 @@ QImage repainted(QWidget &window, Where where = Where::Store);
 QRegion differing(const QImage &one, const QImage &other);
 
 /// The same of two pictures of a window. At scales between whole numbers the pixels of its controls alone
-/// count: beside them Qt's own painting of a part differs from that of the whole.
+/// count: beside them Qt's own painting of a part differs from that of the whole. Controls that begin left
+/// of the window or above it do not count there: Qt rounds their edges the other way.
 QRegion differing(QWidget &window, const QImage &one, const QImage &other);
 
 /// The widgets in which they lie, each with a rectangle around its part of them.

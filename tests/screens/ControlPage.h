@@ -119,11 +119,15 @@ struct ControlPage : QWidget
 private:
     bool isWhole() const { return devicePixelRatio() == int(devicePixelRatio()); }
     int ratio() const { return devicePixelRatio() == 2 ? 2 : 1; }
+    /// Qt rounds halves of a pixel the other way left of a window and above it, and scrolling brings that
+    /// in. Where each second place is a half, controls keep to the others.
+    int off() const { return devicePixelRatio() == 1.5 ? 1 : 0; }
     CDial *addDial(int number, bool translucent)
     {
         auto *dial = new CDial(&panel);
         dial->setFocusPolicy(Qt::NoFocus);
-        dial->setGeometry({QPoint(20 + number % 20 * 50, 10 + number / 20 * 50), Cell});
+        dial->setGeometry(
+            {QPoint(20 + off() + number % 20 * 50, 10 + off() + number / 20 * 50), Cell});
         dial->setTransparent(translucent);
         dial->setCombinedImage(strip(translucent));
         dial->setnSubImages(Rows);
@@ -139,7 +143,7 @@ private:
         auto *meter = new CMeter(&panel);
         meter->setMeterBgndImage(unlit);
         meter->setMeterImage(lit);
-        meter->move(62 + number % 20 * 50, 13 + number / 20 * 152);
+        meter->move(62 - off() + number % 20 * 50, 13 + number / 20 * 152);
         return meter;
     }
     QPixmap strip(bool translucent) const

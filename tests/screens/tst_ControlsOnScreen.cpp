@@ -5,6 +5,7 @@
 #include "tests/screens/ControlPage.h"
 #include "widgets/painting/PictureBatches.h"
 
+#include <QBackingStore>
 #include <QGraphicsDropShadowEffect>
 #include <QScrollBar>
 #include <QTest>
@@ -12,6 +13,9 @@
 #include <QWindow>
 
 namespace {
+
+/// What such a window asks for happens at once; a manager takes its time.
+constexpr Qt::WindowFlags Unmanaged = Qt::Window | Qt::X11BypassWindowManagerHint;
 
 void keep(const QImage &picture, const char *kind)
 {
@@ -126,7 +130,7 @@ void liveHard(ControlPage &page)
 /// By another window.
 void coverAndUncover(ControlPage &page)
 {
-    QWidget cover(nullptr, Qt::Window | Qt::FramelessWindowHint);
+    QWidget cover(nullptr, Unmanaged);
     cover.setGeometry({page.mapToGlobal(QPoint(100, 50)), QSize(200, 150)});
     cover.show();
     QVERIFY(QTest::qWaitForWindowExposed(&cover));
@@ -231,6 +235,7 @@ struct Story
     int rounds;
     void (*act)(ControlPage &);
     bool transparentWindow = false; ///< when it was made
+    Qt::WindowFlags flags = Unmanaged;
 };
 
 } // namespace
@@ -241,9 +246,26 @@ class tst_ControlsOnScreen : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void aWrongPixelIsFound();
     void theScreenIsRight_data();
     void theScreenIsRight();
 };
+
+void tst_ControlsOnScreen::aWrongPixelIsFound()
+{
+    ControlPage page(20, 0, false);
+    page.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&page));
+    page.settle();
+    QCOMPARE(faults(page), QString());
+    const QRect place(page.dials.first()->mapTo(&page, QPoint(3, 3)), QSize(1, 1));
+    QBackingStore &store = *page.backingStore();
+    store.beginPaint(place);
+    QPainter(store.paintDevice()).fillRect(place, Qt::magenta);
+    store.endPaint();
+    store.flush(place);
+    QVERIFY(faults(page).contains("CDial"));
+}
 
 void tst_ControlsOnScreen::theScreenIsRight_data()
 {
@@ -270,7 +292,7 @@ void tst_ControlsOnScreen::theScreenIsRight_data()
                              page.change(20);
                          }});
     row("covered for a while", {40, false, 3, coverAndUncover});
-    row("minimised for a while", {40, false, 2, minimiseAndRestore});
+    row("minimised for a while", {40, false, 2, minimiseAndRestore, false, Qt::Window});
     row("window that was transparent",
         {40, false, 3, [](ControlPage &page) { page.change(30); }, true});
     row("other background", {0, true, 3, [](ControlPage &page) { changeGround(page, false); }});
@@ -285,6 +307,7 @@ void tst_ControlsOnScreen::theScreenIsRight()
 {
     QFETCH(Story, story);
     ControlPage page(400, story.meters, story.translucent);
+    page.setWindowFlags(story.flags);
     page.setAttribute(Qt::WA_TranslucentBackground, story.transparentWindow);
     picturebatches::setEnabled(isBatched());
     page.show();
