@@ -7,6 +7,7 @@
 #include "testkit/WatchedMemory.h"
 
 #include <QAccessible>
+#include <QAction>
 #include <QMetaProperty>
 #include <QSignalSpy>
 #include <QTest>
@@ -87,6 +88,46 @@ struct BoundContract::Bound
     TMemProxy *proxy = nullptr;
 };
 
+/// One control on a memory that does what the test says.
+struct BoundContract::Recorded
+{
+    explicit Recorded(const BoundContract &contract)
+    {
+        QFETCH(int, control);
+        const Control &chosen = contract.m_controls[std::size_t(control)];
+        exceptions = contract.m_exceptions.value(chosen.className);
+        widget.reset(chosen.make());
+        proxy = dynamic_cast<TMemProxy *>(widget.get());
+        const auto [group, element, index] = RecordedParameter;
+        parameter().maximum = 1;
+        memory.bind(*proxy, group, index, element);
+        refresh(0);
+        memory.take();
+    }
+
+    RecordingMemory::Parameter &parameter()
+    {
+        return memory.at(RecordedParameter.group, RecordedParameter.index,
+                         RecordedParameter.element);
+    }
+    /// A write of somebody else, and its delivery.
+    void refresh(int value, Q_UINT32 extra = 0)
+    {
+        parameter().value = value;
+        proxy->process(nullptr, TMemProxyBasic::Refresh, extra);
+    }
+    void paste(const QByteArray &bytes)
+    {
+        QDataStream in(bytes);
+        proxy->process(reinterpret_cast<const Q_UINT8 *>(&in), TMemProxyBasic::Paste, 0);
+    }
+
+    Exceptions exceptions;
+    RecordingMemory memory;
+    std::unique_ptr<QWidget> widget;
+    TMemProxy *proxy = nullptr;
+};
+
 BoundContract::BoundContract() = default;
 BoundContract::~BoundContract() = default;
 
@@ -134,25 +175,30 @@ void BoundContract::initTestCase()
     }
 }
 
-void BoundContract::rows(int memories, Exceptions without) const
+void BoundContract::rows(int memories, Exceptions without, Exceptions with) const
 {
     QTest::addColumn<int>("control");
     QTest::addColumn<int>("memory");
+    int count = 0;
     for (int memory = 0; memory < memories; ++memory) {
         for (int control = 0; control < int(m_controls.size()); ++control) {
             QByteArray row = m_controls[control].className;
-            if (m_exceptions.value(row) & without)
+            const Exceptions exceptions = m_exceptions.value(row);
+            if ((exceptions & without) || (exceptions & with) != with)
                 continue;
             if (memories > 1)
                 row += ", " + m_memories[memory].name;
             QTest::newRow(row) << control << memory;
+            ++count;
         }
     }
+    if (count == 0)
+        QSKIP("for other controls");
 }
 
-void BoundContract::everyControl() const
+void BoundContract::everyControl(Exceptions without, Exceptions with) const
 {
-    rows(1, {});
+    rows(1, without, with);
 }
 
 void BoundContract::everyControlOnEveryMemory(Exceptions without) const
@@ -200,6 +246,42 @@ void BoundContract::isInertWithoutAMemory()
     bound.proxy->reset2defaults(0);
     bound.proxy->disconnectMemAPI();
     QVERIFY(!bound.proxy->isAttached() && !bound.proxy->isSilent());
+}
+
+void BoundContract::isInertWhileItsMemoryIsNotReady()
+{
+    Recorded bound(*this);
+    bound.memory.readyNow = false;
+    for (int operation = 0; operation < 6; ++operation)
+        bound.proxy->process(nullptr, operation, 1);
+    bound.proxy->reset2defaults(0);
+    QTest::mouseClick(bound.widget.get(), Qt::LeftButton);
+    QTest::keyClick(bound.widget.get(), Qt::Key_Up);
+    bound.proxy->disconnectMemAPI();
+    QCOMPARE(bound.memory.take({"attachProxy", "detachProxy", "read", "writeValue"}),
+             QStringList());
+    QVERIFY(!bound.proxy->isAttached());
+}
+
+void BoundContract::hidesWhileItsParameterIsMissing()
+{
+    Recorded bound(*this);
+    QWidget &widget = *bound.widget;
+    widget.show();
+    for (const bool exists : {false, true}) {
+        bound.memory.exists = exists;
+        bound.refresh(0);
+        QCOMPARE(widget.isVisible(), exists);
+    }
+    // Who hides it himself shows it again himself.
+    widget.hide();
+    bound.refresh(0);
+    QVERIFY(!widget.isVisible());
+    widget.show();
+    bound.proxy->setDisableAutoHide(true);
+    bound.memory.exists = false;
+    bound.refresh(0);
+    QVERIFY(widget.isVisible());
 }
 
 void BoundContract::attachesOnceAndWritesNothing()
@@ -257,6 +339,75 @@ void BoundContract::resetsAndCopiesItsParameter()
              (TParamInfo{bound.at.group, bound.at.element, bound.at.index, byDefault}));
 }
 
+void BoundContract::takesOperations()
+{
+    Recorded bound(*this);
+    QSignalSpy told(bound.widget.get(), SIGNAL(memoryAPIValueChange(int)));
+    const auto changes = [&] {
+        return std::exchange(static_cast<QList<QVariantList> &>(told), {}).size();
+    };
+    bound.parameter().plainDefault = 1;
+    bound.proxy->process(nullptr, TMemProxyBasic::ResetToDefault, 0);
+    QCOMPARE(changes(), 1);
+    bound.refresh(0);
+    QCOMPARE(changes(), 1);
+
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    TParamInfoWriter(*bound.proxy, 1, &out, -1);
+    bound.memory.acceptsPaste = false;
+    bound.paste(bytes);
+    bound.memory.acceptsPaste = true;
+    bound.paste(bytes.chopped(1));
+    bound.proxy->process(nullptr, TMemProxyBasic::ResetToAlternativeDefault + 5, 0);
+    QCOMPARE(changes(), 0);
+    bound.paste(bytes);
+    QCOMPARE(changes(), 1);
+    QCOMPARE(bound.memory.take({"writeValue"}), QStringList());
+}
+
+void BoundContract::isNotEdited()
+{
+    Recorded bound(*this);
+    bound.widget->show();
+    bound.memory.take();
+    for (const int operation : {-1, 1, 2, 3, 4})
+        bound.proxy->process(nullptr, operation, 1);
+    QTest::mouseClick(bound.widget.get(), Qt::LeftButton);
+    QTest::keyClick(bound.widget.get(), Qt::Key_Space);
+    QCOMPARE(bound.memory.take({"writeValue", "readDefault", "applyParamInfo"}), QStringList());
+}
+
+void BoundContract::tellsOnceWhatWasBlocked()
+{
+    Recorded bound(*this);
+    QSignalSpy told(bound.widget.get(), SIGNAL(memoryAPIValueChange(int)));
+    bound.widget->blockSignals(true);
+    for (const int value : {1, 0, 1})
+        bound.refresh(value);
+    bound.widget->blockSignals(false);
+    QVERIFY(told.isEmpty());
+    QTest::qWait(100);
+    QCOMPARE(told.size(), bound.exceptions.testFlag(ForgetsBlocked) ? 0 : 1);
+    if (!told.isEmpty())
+        QCOMPARE(told.first().first().toInt(), 1);
+}
+
+void BoundContract::mayDieInItsOwnSignal()
+{
+    for (const char *signal : {SIGNAL(memoryAPIValueChange(int)),
+                               SIGNAL(textualValueChange(QString)), SIGNAL(altAddressMode(bool))}) {
+        Recorded bound(*this);
+        QAction fate;
+        connect(bound.widget.get(), signal, &fate, SLOT(trigger()));
+        connect(&fate, &QAction::triggered, this, [&] { bound.widget.reset(); });
+        bound.refresh(0, 1);
+        if (bound.widget) // it tells only what is new
+            bound.refresh(1);
+        QVERIFY2(!bound.widget, signal);
+    }
+}
+
 void BoundContract::otherThreadsTouchNothing()
 {
     Bound bound(*this);
@@ -270,18 +421,22 @@ void BoundContract::otherThreadsTouchNothing()
 
 void BoundContract::leavesTheMemoryWhole()
 {
-    Bound bound(*this);
-    bound.bind();
-    QStringList expected;
-    for (const QString &attach : bound.watched->take({"attachProxy"}))
-        expected.append(QStringLiteral("detachProxy ") + attach.section(u' ', 1, 1));
-    expected.append(QStringLiteral("releaseProxy"));
-    bound.widget.reset();
-    const QStringList calls = bound.watched->take({"detachProxy", "releaseProxy"});
-    if (bound.excepted(AttachesElsewhere))
-        QCOMPARE(calls.last(), expected.last());
-    else
-        QCOMPARE(calls, expected);
+    for (const bool detachedBefore : {false, true}) {
+        Bound bound(*this);
+        bound.bind();
+        QStringList expected;
+        for (const QString &attach : bound.watched->take({"attachProxy"}))
+            expected.append(QStringLiteral("detachProxy ") + attach.section(u' ', 1, 1));
+        expected.append(QStringLiteral("releaseProxy"));
+        if (detachedBefore)
+            bound.proxy->disconnectMemAPI();
+        bound.widget.reset();
+        const QStringList calls = bound.watched->take({"detachProxy", "releaseProxy"});
+        if (bound.excepted(AttachesElsewhere))
+            QCOMPARE(calls.last(), expected.last());
+        else
+            QCOMPARE(calls, expected);
+    }
     // What the memory still had to deliver does not reach the control that is gone.
     QCoreApplication::processEvents();
 }

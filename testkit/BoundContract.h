@@ -15,7 +15,8 @@ class QWidget;
 
 /// What holds for every bound control, on any memory, as a Qt Test: which properties, slots and
 /// signals it has, that it is inert without a memory, how it attaches and leaves, that a change in the
-/// memory comes through and nothing is written back, what it may do on other threads, and that it can
+/// memory comes through and nothing is written back, which operations it takes, what becomes of signals
+/// that are blocked and of a control that dies in one, what it may do on other threads, and that it can
 /// be reached by keyboard and speaks to assistive tools.
 ///
 /// \code
@@ -48,8 +49,10 @@ public:
         NoFocus = 1 << 4,
         /// Is named by itself, not by its address.
         OwnName = 1 << 5,
-        /// A display, which takes no part in copying and resetting.
+        /// A display, which takes no part in copying and resetting, nor edits.
         NoCopy = 1 << 6,
+        /// Does not make up for value signals that fall while its signals are blocked.
+        ForgetsBlocked = 1 << 7,
     };
     Q_DECLARE_FLAGS(Exceptions, Exception)
 
@@ -79,6 +82,13 @@ private Q_SLOTS:
     void declaresTheSlotsAndSignals();
     void isInertWithoutAMemory_data() { everyControl(); }
     void isInertWithoutAMemory();
+    void isInertWhileItsMemoryIsNotReady_data() { everyControl(AttachesElsewhere); }
+    void isInertWhileItsMemoryIsNotReady();
+    void hidesWhileItsParameterIsMissing_data()
+    {
+        everyControl(Exceptions(NoValueSignals) | AttachesElsewhere);
+    }
+    void hidesWhileItsParameterIsMissing();
     void attachesOnceAndWritesNothing_data() { everyControlOnEveryMemory(); }
     void attachesOnceAndWritesNothing();
     void followsTheMemoryAndWritesNothingBack_data() { everyControlOnEveryMemory(); }
@@ -88,6 +98,23 @@ private Q_SLOTS:
         everyControlOnEveryMemory(Exceptions(NoValueSignals) | AttachesElsewhere | NoCopy);
     }
     void resetsAndCopiesItsParameter();
+    void takesOperations_data()
+    {
+        everyControl(Exceptions(NoValueSignals) | AttachesElsewhere | NoCopy);
+    }
+    void takesOperations();
+    void isNotEdited_data() { everyControl({}, NoCopy); }
+    void isNotEdited();
+    void tellsOnceWhatWasBlocked_data()
+    {
+        everyControl(Exceptions(NoValueSignals) | AttachesElsewhere);
+    }
+    void tellsOnceWhatWasBlocked();
+    void mayDieInItsOwnSignal_data()
+    {
+        everyControl(Exceptions(NoValueSignals) | AttachesElsewhere);
+    }
+    void mayDieInItsOwnSignal();
     void otherThreadsTouchNothing_data() { everyControlOnEveryMemory(); }
     void otherThreadsTouchNothing();
     void leavesTheMemoryWhole_data() { everyControlOnEveryMemory(); }
@@ -101,10 +128,11 @@ private:
     struct Control;
     struct Memory;
     struct Bound;
+    struct Recorded;
 
-    void everyControl() const;
+    void everyControl(Exceptions without = {}, Exceptions with = {}) const;
     void everyControlOnEveryMemory(Exceptions without = {}) const;
-    void rows(int memories, Exceptions without) const;
+    void rows(int memories, Exceptions without, Exceptions with = {}) const;
 
     std::vector<Control> m_controls;
     std::vector<Memory> m_memories;
