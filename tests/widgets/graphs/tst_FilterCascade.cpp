@@ -103,18 +103,6 @@ double complexProduct(const FilterCascade &filter, double frequency, double rate
     return spectrum::decibels(std::norm(product));
 }
 
-using Polynomial = QList<double>;
-
-Polynomial product(const Polynomial &one, const Polynomial &other)
-{
-    Polynomial all(one.size() + other.size() - 1, 0.0);
-    for (qsizetype i = 0; i < one.size(); ++i) {
-        for (qsizetype k = 0; k < other.size(); ++k)
-            all[i + k] += one[i] * other[k];
-    }
-    return all;
-}
-
 } // namespace
 
 class tst_FilterCascade : public QObject
@@ -123,16 +111,8 @@ class tst_FilterCascade : public QObject
 
 private Q_SLOTS:
     void newFiltersHaveOrderTwoAndNoOutput();
-    void ordersGivePairsAndARest_data();
-    void ordersGivePairsAndARest();
     void shelvesFollowTheirPrototypes();
-    void boostAndCutMirrorEachOther();
-    void noGainIsFlat();
-    void butterworthIsThreeDecibelsDownAtTheCorner();
     void butterworthFollowsItsPrototype();
-    void knownButterworthPolynomials_data();
-    void knownButterworthPolynomials();
-    void endsOfTheSpectrum();
     void onePoleFiltersDecayWithTheirTimeConstant();
     void responseIsTheSpectrumOfTheImpulse();
     void everyFormEqualsTheComplexProduct();
@@ -143,41 +123,21 @@ private Q_SLOTS:
 
 void tst_FilterCascade::newFiltersHaveOrderTwoAndNoOutput()
 {
-    const FilterCascade filter;
+    FilterCascade filter;
     QCOMPARE(filter.order(), 2);
     QCOMPARE(filter.responseDb(1000, Rate), -100.0);
-}
-
-void tst_FilterCascade::ordersGivePairsAndARest_data()
-{
-    QTest::addColumn<int>("order");
-    QTest::addColumn<int>("pairs");
-    QTest::addColumn<bool>("rest");
-    QTest::newRow("none") << 0 << 0 << false;
-    QTest::newRow("first order alone") << 1 << 0 << true;
-    QTest::newRow("one pair") << 2 << 1 << false;
-    QTest::newRow("pair and rest") << 3 << 1 << true;
-    QTest::newRow("many") << 64 << 32 << false;
-    QTest::newRow("negative counts as none") << -3 << 0 << false;
-}
-
-void tst_FilterCascade::ordersGivePairsAndARest()
-{
-    QFETCH(int, order);
-    FilterCascade filter;
-    filter.designLowPass(order, Corner, Rate);
-    QTEST(int(filter.sections().size()), "pairs");
-    QTEST(filter.hasFirstOrder(), "rest");
+    filter.designLowPass(-3, Corner, Rate); // counts as none
+    QVERIFY(filter.sections().empty() && !filter.hasFirstOrder());
     COMPARE_NEAR(filter.responseDb(0, Rate), 0.0, 1e-9);
 }
 
 void tst_FilterCascade::shelvesFollowTheirPrototypes()
 {
     for (const Named &shelf : shelves) {
-        for (const double gain : {-15.0, -3.0, 0.5, 6.0, 18.0}) {
+        for (const double gain : {-15.0, -3.0, 0.0, 0.5, 18.0}) {
             FilterCascade filter;
             shelf.design(filter, Corner, gain, Rate);
-            for (const double f : spectrum::frequencies(20, 23999, 60)) {
+            for (const double f : spectrum::frequencies(1e-3, 23999, 60)) {
                 const double x = std::tan(M_PI * f / Rate) / std::tan(M_PI * Corner / Rate);
                 const double expected =
                     spectrum::decibels(shelf.prototype(std::pow(10, gain / 20), x));
@@ -187,123 +147,24 @@ void tst_FilterCascade::shelvesFollowTheirPrototypes()
     }
 }
 
-void tst_FilterCascade::boostAndCutMirrorEachOther()
-{
-    for (const Named &shelf : shelves) {
-        FilterCascade boost;
-        FilterCascade cut;
-        shelf.design(boost, Corner, 12, Rate);
-        shelf.design(cut, Corner, -12, Rate);
-        for (const double f : spectrum::frequencies(20, 23999, 60)) {
-            QVERIFY2(boost.responseDb(f, Rate) > -1e-9, shelf.name);
-            QVERIFY2(spectrum::near(boost.responseDb(f, Rate) + cut.responseDb(f, Rate), 0, 1e-9),
-                     shelf.name);
-        }
-    }
-}
-
-void tst_FilterCascade::noGainIsFlat()
-{
-    for (const Named &shelf : shelves) {
-        FilterCascade filter;
-        shelf.design(filter, Corner, 0, Rate);
-        for (const double f : {0.0, 20.0, 1000.0, 20000.0})
-            QVERIFY2(spectrum::near(filter.responseDb(f, Rate), 0, 1e-9), shelf.name);
-    }
-}
-
-void tst_FilterCascade::butterworthIsThreeDecibelsDownAtTheCorner()
-{
-    for (const double rate : {44100.0, 48000.0, 96000.0}) {
-        for (const double corner : {20.0, 600.0, 20000.0}) {
-            for (int order = 1; order <= 8; ++order) {
-                FilterCascade filter;
-                filter.designHighPass(order, corner, rate);
-                COMPARE_NEAR(filter.responseDb(corner, rate), -10 * std::log10(2.0), 1e-8);
-                filter.designLowPass(order, corner, rate);
-                COMPARE_NEAR(filter.responseDb(corner, rate), -10 * std::log10(2.0), 1e-8);
-            }
-        }
-    }
-}
-
 void tst_FilterCascade::butterworthFollowsItsPrototype()
 {
-    for (int order = 1; order <= 8; ++order) {
-        FilterCascade low;
-        FilterCascade high;
-        low.designLowPass(order, Corner, Rate);
-        high.designHighPass(order, Corner, Rate);
-        for (const double f : spectrum::frequencies(20, 23900, 60)) {
-            const double x = std::tan(M_PI * f / Rate) / std::tan(M_PI * Corner / Rate);
-            const double power = std::pow(x, 2 * order);
-            COMPARE_NEAR(low.responseDb(f, Rate), -10 * std::log10(1 + power), 1e-7);
-            COMPARE_NEAR(high.responseDb(f, Rate), -10 * std::log10(1 + 1 / power), 1e-7);
+    for (const auto &[rate, corner] :
+         {std::pair(44100.0, 20.0), {48000.0, 1000.0}, {96000.0, 20000.0}}) {
+        for (int order = 1; order <= 8; ++order) {
+            FilterCascade low;
+            FilterCascade high;
+            low.designLowPass(order, corner, rate);
+            high.designHighPass(order, corner, rate);
+            for (const double f : spectrum::frequencies(corner / 8, rate * 0.49, 60)) {
+                const double x = std::tan(M_PI * f / rate) / std::tan(M_PI * corner / rate);
+                const double power = std::pow(x, 2 * order);
+                COMPARE_NEAR(low.responseDb(f, rate), -10 * std::log10(1 + power), 1e-6);
+                COMPARE_NEAR(high.responseDb(f, rate), -10 * std::log10(1 + 1 / power), 1e-6);
+            }
+            QCOMPARE(low.responseDb(rate / 2, rate), -100.0);
+            QCOMPARE(high.responseDb(0, rate), -100.0);
         }
-    }
-}
-
-void tst_FilterCascade::knownButterworthPolynomials_data()
-{
-    QTest::addColumn<int>("order");
-    QTest::addColumn<Polynomial>("numerator");
-    QTest::addColumn<Polynomial>("denominator");
-    // Low-pass filters at half of half the sample rate, as tables give them.
-    QTest::newRow("2") << 2 << Polynomial{0.292893, 0.585786, 0.292893}
-                       << Polynomial{1, 0, 0.171573};
-    QTest::newRow("3") << 3 << Polynomial{0.166667, 0.5, 0.5, 0.166667}
-                       << Polynomial{1, 0, 0.333333, 0};
-    QTest::newRow("4") << 4 << Polynomial{0.093981, 0.375923, 0.563885, 0.375923, 0.093981}
-                       << Polynomial{1, 0, 0.486029, 0, 0.017665};
-}
-
-void tst_FilterCascade::knownButterworthPolynomials()
-{
-    QFETCH(int, order);
-    QFETCH(Polynomial, numerator);
-    QFETCH(Polynomial, denominator);
-    FilterCascade filter;
-    filter.designLowPass(order, Rate / 4, Rate);
-    Polynomial above{1};
-    Polynomial below{1};
-    for (const FilterCascade::Section &each : filter.sections()) {
-        above = product(above, {each.b0, each.b1, each.b2});
-        below = product(below, {1, -each.a1, -each.a2});
-    }
-    if (filter.hasFirstOrder()) {
-        above = product(above, {filter.firstOrder().b0, filter.firstOrder().b1});
-        below = product(below, {1, -filter.firstOrder().a1});
-    }
-    QCOMPARE(above.size(), numerator.size());
-    QCOMPARE(below.size(), denominator.size());
-    for (qsizetype i = 0; i < above.size(); ++i) {
-        COMPARE_NEAR(above[i], numerator[i], 1e-6);
-        COMPARE_NEAR(below[i], denominator[i], 1e-6);
-    }
-}
-
-void tst_FilterCascade::endsOfTheSpectrum()
-{
-    struct End
-    {
-        Design design;
-        double atZero, atNyquist;
-    };
-    const Design lowPass = [](FilterCascade &f, double at, double, double fs) {
-        f.designLowPass(5, at, fs);
-    };
-    const Design highPass = [](FilterCascade &f, double at, double, double fs) {
-        f.designHighPass(5, at, fs);
-    };
-    const End ends[] = {{lowPass, 0, -100},        {highPass, -100, 0},
-                        {shelves[0].design, 9, 0}, {shelves[1].design, 9, 0},
-                        {shelves[2].design, 0, 9}, {shelves[3].design, 9, 0},
-                        {shelves[4].design, 0, 9}};
-    for (const End &end : ends) {
-        FilterCascade filter;
-        end.design(filter, Corner, 9, Rate);
-        COMPARE_NEAR(filter.responseDb(0, Rate), end.atZero, 1e-9);
-        COMPARE_NEAR(filter.responseDb(Rate / 2, Rate), end.atNyquist, 1e-9);
     }
 }
 

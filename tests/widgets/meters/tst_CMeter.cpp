@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The level meter: what is lit for which reading, what a reading costs, how it is bound.
 #include "tests/support/MeterRig.h"
+#include "tests/support/Table.h"
 #include "widgets/meters/CMeter.h"
 
 #include <QAccessible>
-
-#include <thread>
 
 namespace {
 
@@ -49,12 +48,10 @@ private Q_SLOTS:
     void onlyRefreshesAreReadings();
     void readingsThatShowNothingNewCostNoPaint();
     void theErasePixmapIsTheMeter();
-    void otherThreadsOnlyAskForTheirReading();
     void selectorsWithoutAScaleKeepTheTable();
     void aReductionStartsPastItsScaleAndResetsToItsLastRow();
     void onlyGoingOfflineResets();
     void switchingPeakHoldOffForgetsTheMark();
-    void watchesItsAddress();
     void withoutAnAddressItOnlyResets();
     void speaksItsLevel();
     void survivesAnySize_data();
@@ -63,14 +60,10 @@ private Q_SLOTS:
 
 void tst_CMeter::readingsLightThePicture_data()
 {
-    QTest::addColumn<int>("selector");
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<int>("level");
-    QTest::addColumn<int>("peak");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *name, CMeter::EMeterSelector selector, QSize size, int level,
-                        int peak, const char *expected) {
-        QTest::newRow(name) << int(selector) << size << level << peak << QString(expected);
+    Table<int, QSize, int, int, QString> table;
+    const auto row = [&table](const char *name, int selector, QSize size, int level, int peak,
+                              const char *lit) {
+        table.row(name, selector, size, level, peak, lit);
     };
     const QSize standing(10, 136);
     row("silence", CMeter::eMtr_Normal, standing, 0, 0, "");
@@ -116,17 +109,15 @@ void tst_CMeter::readingsLightThePicture_data()
 
 void tst_CMeter::readingsLightThePicture()
 {
-    QFETCH(int, selector);
-    QFETCH(QSize, size);
-    QFETCH(int, level);
-    QFETCH(int, peak);
+    const auto [selector, size, level, peak, expected] =
+        Table<int, QSize, int, int, QString>::fetch();
     for (const bool withAlpha : {false, true}) {
         Rig rig;
         rig.meter.setMeterSelector(CMeter::EMeterSelector(selector));
         dress(rig.meter, size, withAlpha);
         rig.read(level, peak);
         const bool upright = size.width() < size.height();
-        QTEST(stretchesOf(rig.meter.grab().toImage(), upright, Lit), "expected");
+        QCOMPARE(stretchesOf(rig.meter.grab().toImage(), upright, Lit), expected);
         QCOMPARE(rig.meter.testAttribute(Qt::WA_OpaquePaintEvent), !withAlpha);
     }
 }
@@ -248,23 +239,6 @@ void tst_CMeter::theErasePixmapIsTheMeter()
     QCOMPARE(stretchesOf(rig.meter.erasePixmap().toImage(), true, Lit), QStringLiteral("0-135"));
 }
 
-void tst_CMeter::otherThreadsOnlyAskForTheirReading()
-{
-    Rig rig;
-    dress(rig.meter, {10, 136});
-    rig.bind();
-    std::thread([&] {
-        rig.read(58, 60);
-        rig.read(61, 63);
-    }).join();
-    QCOMPARE(rig.memory.observerEvents.load(), 2);
-    QCOMPARE(rig.meter.value(), 0);
-    rig.observe();
-    QCOMPARE(rig.meter.value(), 13);
-    std::thread([&] { rig.read(61, 63); }).join();
-    QCOMPARE(rig.memory.observerEvents.load(), 2);
-}
-
 void tst_CMeter::selectorsWithoutAScaleKeepTheTable()
 {
     Rig rig;
@@ -322,25 +296,6 @@ void tst_CMeter::switchingPeakHoldOffForgetsTheMark()
     QCOMPARE(lit(rig.meter), QStringLiteral("0-2 124-135"));
 }
 
-void tst_CMeter::watchesItsAddress()
-{
-    Rig rig;
-    dress(rig.meter, {10, 136});
-    rig.read(58, 127);
-    rig.memory.bind(rig.meter, 3, 7, 2);
-    QCOMPARE(rig.memory.take(),
-             QStringList({"setMeterWatch 1 3 7 2", "connectApiSignal 1 2onlineChanged(bool) "
-                                                   "1onlineChange(bool)"}));
-    QCOMPARE(lit(rig.meter), QString());
-    rig.read(58, 58);
-    rig.meter.disconnectMemAPI();
-    QCOMPARE(rig.memory.take(),
-             QStringList({"setMeterWatch 0 3 7 2", "connectApiSignal 0 2onlineChanged(bool) "
-                                                   "1onlineChange(bool)"}));
-    QVERIFY(!rig.meter.isAttached());
-    QCOMPARE(lit(rig.meter), QStringLiteral("124-135"));
-}
-
 void tst_CMeter::withoutAnAddressItOnlyResets()
 {
     Rig rig;
@@ -370,17 +325,17 @@ void tst_CMeter::speaksItsLevel()
 
 void tst_CMeter::survivesAnySize_data()
 {
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("no height") << QSize(20, 0);
-    QTest::newRow("no width") << QSize(0, 20);
-    QTest::newRow("a pixel") << QSize(1, 1);
-    QTest::newRow("larger than the pictures") << QSize(50, 400);
-    QTest::newRow("less high than the pictures") << QSize(10, 3);
+    Table<QSize>()
+        .row("no height", QSize(20, 0))
+        .row("no width", QSize(0, 20))
+        .row("a pixel", QSize(1, 1))
+        .row("larger than the pictures", QSize(50, 400))
+        .row("less high than the pictures", QSize(10, 3));
 }
 
 void tst_CMeter::survivesAnySize()
 {
-    QFETCH(QSize, size);
+    const auto [size] = Table<QSize>::fetch();
     Rig rig;
     dress(rig.meter, {10, 136});
     rig.meter.setFixedSize(size);

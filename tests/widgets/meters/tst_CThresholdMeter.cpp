@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The threshold lamp: its states, what switches it off, what it subscribes to.
-#include "tests/support/MeterRig.h"
 #include "testkit/TestStrip.h"
+#include "tests/support/MeterRig.h"
+#include "tests/support/Table.h"
 #include "widgets/meters/CThresholdMeter.h"
 
 #include <QAccessible>
-
-#include <thread>
 
 namespace {
 
@@ -52,130 +51,95 @@ private Q_SLOTS:
     void aSingleThresholdHasThreeStates();
     void aTableHasAStatePerBand_data();
     void aTableHasAStatePerBand();
-    void tablesThatAreNone_data();
-    void tablesThatAreNone();
     void theLampIsDark_data();
     void theLampIsDark();
     void theThresholdParametersValuePlaysNoPart();
     void goingOfflineForgetsTheReading();
     void statesWithoutAPictureAreIgnored();
     void countsAreNotChecked();
-    void stripsThatAreTooSmall_data();
-    void stripsThatAreTooSmall();
-    void otherThreadsOnlyStoreTheReading();
-    void onlyAnotherStateCostsAPaint();
     void subscribesAtTheNextAttach();
-    void leavesOnDetach();
-    void isClickedButNotTabbedTo();
 };
 
 void tst_CThresholdMeter::aSingleThresholdHasThreeStates_data()
 {
-    QTest::addColumn<int>("threshold");
-    QTest::addColumn<int>("code");
-    QTest::addColumn<int>("state");
-    QTest::newRow("silence") << 50 << 0 << 1;
-    QTest::newRow("just below") << 50 << 49 << 1;
-    QTest::newRow("at the threshold") << 50 << 50 << 2;
-    QTest::newRow("below full scale") << 50 << 125 << 2;
-    QTest::newRow("near full scale") << 50 << 126 << 3;
-    QTest::newRow("below a high threshold") << 0x200 << 0x1FF << 1;
-    QTest::newRow("at a high threshold") << 0x200 << 0x200 << 3;
-    QTest::newRow("only 16 bits of the threshold") << 0x10032 << 50 << 2;
+    Table<int, int, int>()
+        .row("silence", 50, 0, 1)
+        .row("just below", 50, 49, 1)
+        .row("at the threshold", 50, 50, 2)
+        .row("below full scale", 50, 125, 2)
+        .row("near full scale", 50, 126, 3)
+        .row("below a high threshold", 0x200, 0x1FF, 1)
+        .row("at a high threshold", 0x200, 0x200, 3)
+        .row("only 16 bits of the threshold", 0x10032, 50, 2);
 }
 
 void tst_CThresholdMeter::aSingleThresholdHasThreeStates()
 {
-    QFETCH(int, threshold);
-    QFETCH(int, code);
+    const auto [threshold, code, state] = Table<int, int, int>::fetch();
     Rig rig;
     rig.meter.setThresholdLevel(threshold);
     rig.switchOn();
     rig.read(code);
-    QTEST(rig.meter.thresholdState(), "state");
-    QTEST(rig.shownRow(), "state");
+    QCOMPARE(rig.meter.thresholdState(), state);
+    QCOMPARE(rig.shownRow(), state);
 }
 
 void tst_CThresholdMeter::aTableHasAStatePerBand_data()
 {
-    QTest::addColumn<int>("code");
-    QTest::addColumn<int>("state");
-    QTest::newRow("below the table") << 0 << 4;
-    QTest::newRow("at its first entry") << 73 << 4;
-    QTest::newRow("in its first band") << 97 << 4;
-    QTest::newRow("at its second entry") << 98 << 3;
-    QTest::newRow("at its last searched entry") << 126 << 1;
-    QTest::newRow("in the highest band") << 127 << 1;
-    QTest::newRow("just below the closing entry") << 16382 << 1;
-    QTest::newRow("at the closing entry") << 16383 << 0;
+    using Codes = std::vector<quint16>;
+    const Codes bands{73, 98, 112, 126, 16383};
+    Table<Codes, int, int>()
+        .row("below the table", bands, 0, 4)
+        .row("in its first band", bands, 97, 4)
+        .row("at its second entry", bands, 98, 3)
+        .row("at its last searched entry", bands, 126, 1)
+        .row("just below the closing entry", bands, 16382, 1)
+        .row("at the closing entry", bands, 16383, 0)
+        .row("empty: the own threshold", {}, 60, 2)
+        .row("one entry: a threshold", {80}, 60, 1)
+        .row("two entries: one band", {40, 127}, 60, 1)
+        .row("in no order: any state", {100, 40, 90, 10}, 60, -1);
 }
 
 void tst_CThresholdMeter::aTableHasAStatePerBand()
 {
-    QFETCH(int, code);
-    Rig rig;
-    rig.memory.meterTables[2] = {73, 98, 112, 126, 16383};
-    rig.meter.setMeterThresholdTableId(2);
-    rig.switchOn();
-    rig.read(code);
-    QTEST(rig.meter.thresholdState(), "state");
-    QTEST(rig.shownRow(), "state");
-}
-
-void tst_CThresholdMeter::tablesThatAreNone_data()
-{
-    QTest::addColumn<std::vector<quint16>>("table");
-    QTest::addColumn<int>("stateAt60");
-    QTest::newRow("empty: the own threshold") << std::vector<quint16>{} << 2;
-    QTest::newRow("one entry: a threshold") << std::vector<quint16>{80} << 1;
-    QTest::newRow("two entries: one band") << std::vector<quint16>{40, 127} << 1;
-    QTest::newRow("in no order") << std::vector<quint16>{100, 40, 90, 10} << -1;
-}
-
-void tst_CThresholdMeter::tablesThatAreNone()
-{
-    QFETCH(std::vector<quint16>, table);
-    QFETCH(int, stateAt60);
+    const auto [table, code, state] = Table<std::vector<quint16>, int, int>::fetch();
     Rig rig;
     rig.memory.meterTables[2] = table;
     rig.meter.setMeterThresholdTableId(2);
     rig.meter.setThresholdLevel(50);
     rig.switchOn();
-    for (const int code : {0, 30, 95, 127, 16383, 60}) {
-        rig.read(code);
+    for (const int each : {0, 30, 95, 127, 16383, code}) {
+        rig.read(each);
         QVERIFY(rig.meter.thresholdState() >= 0 && rig.meter.thresholdState() < 5);
+        QCOMPARE(rig.shownRow(), rig.meter.thresholdState());
     }
-    if (stateAt60 >= 0)
-        QCOMPARE(rig.meter.thresholdState(), stateAt60);
+    if (state >= 0)
+        QCOMPARE(rig.meter.thresholdState(), state);
 }
 
 void tst_CThresholdMeter::theLampIsDark_data()
 {
-    QTest::addColumn<int>("connection");
-    QTest::addColumn<QVariant>("preference");
-    QTest::addColumn<int>("state");
-    QTest::addColumn<bool>("dark");
-    QTest::newRow("never mind") << 3 << QVariant(true) << 1 << false;
-    QTest::newRow("a negative state is on") << 3 << QVariant(true) << -1 << false;
-    QTest::newRow("switched off") << 3 << QVariant(true) << 0 << true;
-    QTest::newRow("not wanted") << 3 << QVariant(false) << 1 << true;
-    QTest::newRow("no such preference") << 3 << QVariant() << 1 << true;
-    QTest::newRow("link without sync") << 1 << QVariant(true) << 1 << true;
-    QTest::newRow("sync without link") << 2 << QVariant(true) << 1 << true;
+    Table<int, QVariant, int, bool>()
+        .row("never mind", 3, QVariant(true), 1, false)
+        .row("a negative state is on", 3, QVariant(true), -1, false)
+        .row("switched off", 3, QVariant(true), 0, true)
+        .row("not wanted", 3, QVariant(false), 1, true)
+        .row("no such preference", 3, QVariant(), 1, true)
+        .row("link without sync", 1, QVariant(true), 1, true)
+        .row("sync without link", 2, QVariant(true), 1, true);
 }
 
 void tst_CThresholdMeter::theLampIsDark()
 {
-    QFETCH(int, connection);
-    QFETCH(QVariant, preference);
-    QFETCH(int, state);
+    const auto [connection, preference, state, dark] = Table<int, QVariant, int, bool>::fetch();
     Rig rig;
     rig.memory.connection = connection;
     rig.memory.preferenceValues[IPreferences::ThresholdLamps] = preference;
     rig.bind();
     rig.meter.changeState(state);
     rig.read(127);
-    QTEST(rig.shownRow() == 0, "dark");
+    QCOMPARE(rig.shownRow() == 0, dark);
 }
 
 void tst_CThresholdMeter::theThresholdParametersValuePlaysNoPart()
@@ -231,62 +195,6 @@ void tst_CThresholdMeter::countsAreNotChecked()
     }
 }
 
-void tst_CThresholdMeter::stripsThatAreTooSmall_data()
-{
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("none") << QSize();
-    QTest::newRow("a pixel") << QSize(1, 1);
-    QTest::newRow("less high than there are pictures") << QSize(12, 4);
-}
-
-void tst_CThresholdMeter::stripsThatAreTooSmall()
-{
-    QFETCH(QSize, size);
-    Rig rig;
-    rig.meter.setThresholdLevel(50);
-    rig.switchOn();
-    rig.meter.setCombinedImage(size.isValid() ? QPixmap(size) : QPixmap());
-    for (const int code : {0, 60, 127}) {
-        rig.read(code);
-        rig.meter.adjustParams();
-        rig.meter.triggerUpdate();
-        rig.meter.grab();
-        rig.meter.erasePixmap();
-        rig.meter.sizeHint();
-    }
-    rig.meter.setCombinedImage(teststrip::make(1, 5, Cell));
-    rig.meter.adjustParams();
-    rig.meter.triggerUpdate();
-    QCOMPARE(rig.shownRow(), 3);
-}
-
-void tst_CThresholdMeter::otherThreadsOnlyStoreTheReading()
-{
-    Rig rig;
-    rig.meter.setThresholdLevel(50);
-    rig.switchOn();
-    const int before = rig.memory.observerEvents;
-    std::thread([&] { rig.read(127); }).join();
-    QCOMPARE(rig.memory.observerEvents.load(), before + 1);
-    QCOMPARE(rig.shownRow(), 1);
-    rig.observe();
-    QCOMPARE(rig.shownRow(), 3);
-}
-
-void tst_CThresholdMeter::onlyAnotherStateCostsAPaint()
-{
-    Rig rig;
-    rig.meter.setThresholdLevel(50);
-    rig.switchOn();
-    rig.show();
-    rig.read(60);
-    QCOMPARE(rig.paintsSince(), 1);
-    rig.read(61);
-    const Q_UINT8 low[] = {0, 1};
-    rig.meter.process(low, TMemProxyBasic::ResetToDefault, 1);
-    QCOMPARE(rig.paintsSince(), 0);
-}
-
 void tst_CThresholdMeter::subscribesAtTheNextAttach()
 {
     Rig rig;
@@ -300,28 +208,6 @@ void tst_CThresholdMeter::subscribesAtTheNextAttach()
     QCOMPARE(rig.memory.take({"createNotifier"}),
              QStringList({"createNotifier kInputDynamics1/kOn 21changeState(int)",
                           "createNotifier kInputDynamics1/kThreshold 21changeThreshold(int)"}));
-}
-
-void tst_CThresholdMeter::leavesOnDetach()
-{
-    Rig rig;
-    rig.switchOn();
-    rig.read(127);
-    rig.meter.disconnectMemAPI();
-    QCOMPARE(rig.memory.take({"setMeterWatch", "connectApiSignal"}),
-             QStringList({"setMeterWatch 0 3 7 2",
-                          "connectApiSignal 0 2onlineChanged(bool) 1onlineChange(bool)"}));
-    QCOMPARE(rig.shownRow(), 0);
-    QVERIFY(!rig.meter.isAttached());
-    rig.read(127);
-    QCOMPARE(rig.shownRow(), 0);
-}
-
-void tst_CThresholdMeter::isClickedButNotTabbedTo()
-{
-    const CThresholdMeter meter(nullptr, "lamp");
-    QCOMPARE(int(meter.focusPolicy()), 2);
-    QVERIFY(meter.objectName().isEmpty());
 }
 
 QTEST_MAIN(tst_CThresholdMeter)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The time display: its text, how often it paints, what it asks for.
 #include "tests/support/MeterRig.h"
+#include "tests/support/Table.h"
 #include "widgets/meters/CTimeDisplay.h"
 
 #include <QAccessible>
@@ -53,26 +54,25 @@ private Q_SLOTS:
 
 void tst_CTimeDisplay::theTextFollowsCounterAndFormat_data()
 {
-    QTest::addColumn<int>("format");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("30 frames") << 0 << "01:02:03.04";
-    QTest::newRow("drops frames") << 1 << "01:02:03.04.";
-    QTest::newRow("25 frames") << 2 << "01:02:03.04";
-    QTest::newRow("drops others") << 3 << "01:02:03.04.";
-    QTest::newRow("unknown") << 4 << "01:02:03.04";
-    QTest::newRow("negative") << -1 << "01:02:03.04";
+    Table<int, QString>()
+        .row("30 frames", 0, "01:02:03.04")
+        .row("drops frames", 1, "01:02:03.04.")
+        .row("25 frames", 2, "01:02:03.04")
+        .row("drops others", 3, "01:02:03.04.")
+        .row("unknown", 4, "01:02:03.04")
+        .row("negative", -1, "01:02:03.04");
 }
 
 void tst_CTimeDisplay::theTextFollowsCounterAndFormat()
 {
-    QFETCH(int, format);
+    const auto [format, text] = Table<int, QString>::fetch();
     Rig rig;
     QCOMPARE(rig.meter.shownText(), QStringLiteral("00:00:00.00"));
     rig.show();
     rig.count(1, 2, 3, 4);
     rig.meter.setTimeCodeFormat(format);
     rig.tickLater();
-    QTEST(rig.meter.shownText(), "text");
+    QCOMPARE(rig.meter.shownText(), text);
 }
 
 void tst_CTimeDisplay::anEqualCounterPaintsNothing()
@@ -117,14 +117,12 @@ void tst_CTimeDisplay::paintsAreNeverTooClose()
 
 void tst_CTimeDisplay::frequenciesThatAreNone_data()
 {
-    QTest::addColumn<int>("frequency");
-    QTest::newRow("none") << 0;
-    QTest::newRow("negative") << -20;
+    Table<int>().row("none", 0).row("negative", -20);
 }
 
 void tst_CTimeDisplay::frequenciesThatAreNone()
 {
-    QFETCH(int, frequency);
+    const auto [frequency] = Table<int>::fetch();
     Rig rig;
     rig.show();
     rig.meter.setUpdateFrequency(frequency);
