@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 // What the binding verbs promise to every control, beside what the controls' own tests see of them.
 #include "interfaces/ParameterAddress.h"
+#include "interfaces/ParamStream.h"
 #include "testkit/RecordingMemory.h"
 #include "testkit/TestStrip.h"
+#include "tests/support/Table.h"
 #include "widgets/binding/Binding.h"
 #include "widgets/binding/PendingEmissions.h"
 #include "widgets/binding/TCacheServer.h"
@@ -50,6 +52,8 @@ private Q_SLOTS:
     void addressesAreSpoken_data();
     void addressesAreSpoken();
     void aControlMayDieInsideItsSilentScope();
+    void operationsMeanTheirValue_data();
+    void operationsMeanTheirValue();
     void writesTellTheMemoryWhoWrites();
     void requestsOfOtherThreadsAreNotLost();
     void cellsOutsideTheStripDrawNothing_data();
@@ -69,26 +73,19 @@ void tst_Binding::negativeFieldsSpillUpwards()
 
 void tst_Binding::addressesAreSpoken_data()
 {
-    QTest::addColumn<QString>("address");
-    QTest::addColumn<QString>("words");
-    QTest::newRow("plain") << "kInputEQ/kLowMidGain"
-                           << "Input EQ Low Mid Gain";
-    QTest::newRow("with unit") << "0AkSetupHX612/kHX612Port"
-                               << "Setup HX612 HX612 Port";
-    QTest::newRow("digits") << "kInputSend/kMix01Level"
-                            << "Input Send Mix 01 Level";
-    QTest::newRow("underscore") << "FEkGroupID_Mix/kGroupID"
-                                << "Group ID Mix Group ID";
-    QTest::newRow("no prefix") << "knob/key"
-                               << "knob key";
-    QTest::newRow("empty") << ""
-                           << "";
+    Table<QString, QString>()
+        .row("plain", "kInputEQ/kLowMidGain", "Input EQ Low Mid Gain")
+        .row("with unit", "0AkSetupHX612/kHX612Port", "Setup HX612 HX612 Port")
+        .row("digits", "kInputSend/kMix01Level", "Input Send Mix 01 Level")
+        .row("underscore", "FEkGroupID_Mix/kGroupID", "Group ID Mix Group ID")
+        .row("no prefix", "knob/key", "knob key")
+        .row("empty", "", "");
 }
 
 void tst_Binding::addressesAreSpoken()
 {
-    QFETCH(QString, address);
-    QTEST(binding::addressInWords(address), "words");
+    const auto [address, words] = Table<QString, QString>::fetch();
+    QCOMPARE(binding::addressInWords(address), words);
 }
 
 void tst_Binding::aControlMayDieInsideItsSilentScope()
@@ -104,6 +101,40 @@ void tst_Binding::aControlMayDieInsideItsSilentScope()
         delete proxy;
         QVERIFY(!outer);
     }
+}
+
+void tst_Binding::operationsMeanTheirValue_data()
+{
+    Table<int, bool, bool, int>()
+        .row("refresh", 0, true, true, 40)
+        .row("default", 1, true, true, 11)
+        .row("paste", 2, true, true, 77)
+        .row("refused paste", 2, true, false, 40)
+        .row("alternative default", 4, true, true, 22)
+        .row("no alternative default", 4, false, true, 11)
+        .row("unknown", 9, true, true, 40);
+}
+
+void tst_Binding::operationsMeanTheirValue()
+{
+    const auto [operation, hasAlternative, acceptsPaste, value] =
+        Table<int, bool, bool, int>::fetch();
+    RecordingMemory memory;
+    memory.at(3, 7, 2) = {0, 100, 40, 11, 22, hasAlternative};
+    memory.acceptsPaste = acceptsPaste;
+    Proxy proxy;
+    memory.bind(proxy, 3, 7, 5);
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    TParamInfoWriter(proxy, 77, &out, -1);
+    memory.bind(proxy, 3, 7, 2);
+    QDataStream in(bytes);
+    memory.take();
+    QCOMPARE(binding::incomingValue(proxy, reinterpret_cast<const Q_UINT8 *>(&in), operation),
+             value);
+    // The element is its own, whosever was copied.
+    QCOMPARE(memory.take({"applyParamInfo"}),
+             QStringList(operation == 2 ? 1 : 0, "applyParamInfo 3 7 2 = 77"));
 }
 
 void tst_Binding::writesTellTheMemoryWhoWrites()
@@ -148,22 +179,18 @@ void tst_Binding::requestsOfOtherThreadsAreNotLost()
 
 void tst_Binding::cellsOutsideTheStripDrawNothing_data()
 {
-    QTest::addColumn<int>("columns");
-    QTest::addColumn<int>("rows");
-    QTest::addColumn<int>("row");
-    QTest::newRow("row below") << 1 << 4 << -1;
-    QTest::newRow("row beyond") << 1 << 4 << 4;
-    QTest::newRow("no rows") << 1 << 0 << 0;
-    QTest::newRow("negative rows") << 1 << -3 << 0;
-    QTest::newRow("no columns") << 8 << 4 << 0;
-    QTest::newRow("more rows than pixels") << 1 << 500 << 3;
+    Table<int, int, int>()
+        .row("row below", 1, 4, -1)
+        .row("row beyond", 1, 4, 4)
+        .row("no rows", 1, 0, 0)
+        .row("negative rows", 1, -3, 0)
+        .row("no columns", 8, 4, 0)
+        .row("more rows than pixels", 1, 500, 3);
 }
 
 void tst_Binding::cellsOutsideTheStripDrawNothing()
 {
-    QFETCH(int, columns);
-    QFETCH(int, rows);
-    QFETCH(int, row);
+    const auto [columns, rows, row] = Table<int, int, int>::fetch();
     ImageStrip strip;
     strip.setPicture(teststrip::make(1, 4, {10, 10}));
     strip.setCategories(columns);

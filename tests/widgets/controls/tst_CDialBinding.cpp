@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The dial and its parameter: what it asks of the memory, in which order, and what it tells of it.
-#include "interfaces/ParamStream.h"
-#include "interfaces/optserver/CAppServer.h"
 #include "tests/support/DialRig.h"
+#include "tests/support/Table.h"
 
 #include <thread>
 
@@ -28,36 +27,6 @@ public:
     QStringList heard;
 };
 
-QByteArray copied(int group, int index, int value)
-{
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    CDial source;
-    source.group = qint16(group);
-    source.index = qint16(index);
-    source.element = 5;
-    TParamInfoWriter(source, value, &stream, -1);
-    return bytes;
-}
-
-void processWith(CDial &dial, QByteArray &bytes, int operation)
-{
-    QDataStream stream(&bytes, operation == 3 ? QIODevice::WriteOnly : QIODevice::ReadOnly);
-    dial.process(reinterpret_cast<const Q_UINT8 *>(&stream), operation, 0);
-}
-
-/// Counts how often the event loop goes round.
-class TurnCounter : public QObject
-{
-public:
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        turns += event->type() == TMarshallEvent::eventType();
-        return false;
-    }
-    int turns = 0;
-};
-
 } // namespace
 
 class tst_CDialBinding : public QObject
@@ -66,19 +35,11 @@ class tst_CDialBinding : public QObject
 
 private Q_SLOTS:
     void attachRegistersAndShowsTheStoredValue();
-    void nothingHappensWithoutAReadyMemory();
-    void detachIsToldOnlyOnce();
-    void refreshNeverWritesBack();
+    void aSmallerRangeIsNotWrittenBack();
     void anEditIsWrittenExactlyOnceAndThenTold();
     void theStoredValueIsToldWhereTheMemoryHeldIt();
-    void operationsTakeTheirValue_data();
-    void operationsTakeTheirValue();
-    void copyWritesTheStoredValue();
-    void damagedPastesLeaveTheStoredValue_data();
-    void damagedPastesLeaveTheStoredValue();
     void extraOneForcesTheSignals();
     void otherThreadsOnlyAskForARepeat();
-    void blockedSignalsCostNoEmissionAndNoSpinning();
     void blockedEditsAreStillWritten();
     void textsAreAskedForWithTheRightNumbers_data();
     void textsAreAskedForWithTheRightNumbers();
@@ -87,10 +48,6 @@ private Q_SLOTS:
     void alternativeModeWithoutAnIndexSelectsNothing();
     void alternativeModeTellsOnAndOff();
     void translationTablesWorkBothWays();
-    void aTableOfTheConsoleHidesMissingParameters();
-    void leavesTheMemoryBeforeItDies();
-    void survivesItsMemory();
-    void diesInsideItsOwnEmission();
 };
 
 void tst_CDialBinding::attachRegistersAndShowsTheStoredValue()
@@ -98,65 +55,22 @@ void tst_CDialBinding::attachRegistersAndShowsTheStoredValue()
     DialRig rig(0, 100, 40);
     Listener listener(rig.dial);
     rig.memory.bind(rig.dial, 3, 7, 2);
-    const QStringList calls = rig.memory.take({"attachProxy", "read", "writeValue"});
-    QCOMPARE(calls.mid(0, 4),
-             QStringList({QStringLiteral("attachProxy %1 0").arg(packedAddress(3, 7, 2)),
-                          "readMinimum 3 7 2", "readMaximum 3 7 2", "readValue 3 7 2"}));
-    QCOMPARE(calls.size(), 4);
+    const QString attach = QStringLiteral("attachProxy %1 0").arg(packedAddress(3, 7, 2));
+    QCOMPARE(rig.memory.take({"attachProxy", "read", "writeValue"}),
+             QStringList({attach, "readMinimum 3 7 2", "readMaximum 3 7 2", "readValue 3 7 2"}));
     QCOMPARE(rig.dial.value(), 40);
     QCOMPARE(rig.dial.maximum(), 100);
-    QCOMPARE(listener.heard.mid(listener.heard.size() - 3),
-             QStringList({"value 40", "text <40>", "above"}));
-    QVERIFY(!rig.dial.isSilent());
+    QCOMPARE(listener.heard.last(3), QStringList({"value 40", "text <40>", "above"}));
 }
 
-void tst_CDialBinding::nothingHappensWithoutAReadyMemory()
+void tst_CDialBinding::aSmallerRangeIsNotWrittenBack()
 {
     DialRig rig(0, 100, 40);
     rig.bind();
-    rig.memory.readyNow = false;
-    Listener listener(rig.dial);
-    rig.parameter().value = 70;
-    rig.dial.process(nullptr, 0, 1);
-    rig.dial.setValue(60);
-    rig.dial.acceptNum(3);
-    rig.dial.disconnectMemAPI();
-    QCOMPARE(rig.memory.take(), QStringList());
-    QCOMPARE(listener.heard, QStringList());
-    QCOMPARE(rig.dial.value(), 60);
-    QVERIFY(!rig.dial.isAttached());
-    CDial loose;
-    loose.process(nullptr, 0, 1);
-    loose.connectMemAPI();
-    loose.setValue(5);
-    QCOMPARE(loose.value(), 5);
-}
-
-void tst_CDialBinding::detachIsToldOnlyOnce()
-{
-    DialRig rig(0, 100, 40);
-    rig.bind();
-    rig.dial.disconnectMemAPI();
-    rig.dial.disconnectMemAPI();
-    QCOMPARE(rig.memory.take(), QStringList{
-        QStringLiteral("detachProxy %1").arg(packedAddress(3, 7, 2))});
-    QCOMPARE(rig.dial.value(), 40);
-}
-
-void tst_CDialBinding::refreshNeverWritesBack()
-{
-    DialRig rig(0, 100, 40);
-    rig.bind();
-    Listener listener(rig.dial);
-    for (int operation : {0, 1, 2, 3, 4, 17}) {
-        rig.parameter().value += 5;
-        rig.dial.process(nullptr, operation, 0);
-    }
     rig.parameter().maximum = 20;
     rig.dial.process(nullptr, 0, 0);
     QCOMPARE(rig.dial.value(), 20);
     QCOMPARE(rig.writes(), QStringList());
-    QVERIFY(!listener.heard.isEmpty());
 }
 
 void tst_CDialBinding::anEditIsWrittenExactlyOnceAndThenTold()
@@ -166,9 +80,8 @@ void tst_CDialBinding::anEditIsWrittenExactlyOnceAndThenTold()
     Listener listener(rig.dial);
     QSignalSpy toldAfterwards(&rig.dial, &CDial::valueChanged);
     rig.dial.setValue(41);
-    QCOMPARE(rig.memory.take(),
-             QStringList({"undoToken 0 1", "writeValue 3 7 2 = 41 token 9", "readValue 3 7 2",
-                          "valueText 2 0 41 0 3 7"}));
+    QCOMPARE(rig.memory.take(), QStringList({"undoToken 0 1", "writeValue 3 7 2 = 41 token 9",
+                                             "readValue 3 7 2", "valueText 2 0 41 0 3 7"}));
     QCOMPARE(listener.take(), QStringList({"value 41", "text <41>", "above"}));
     QCOMPARE(toldAfterwards.count(), 1);
     rig.dial.setValue(41);
@@ -186,72 +99,6 @@ void tst_CDialBinding::theStoredValueIsToldWhereTheMemoryHeldIt()
     Listener listener(rig.dial);
     rig.dial.setValue(80);
     QCOMPARE(listener.heard.first(), QStringLiteral("value 50"));
-}
-
-void tst_CDialBinding::operationsTakeTheirValue_data()
-{
-    QTest::addColumn<int>("operation");
-    QTest::addColumn<bool>("alternativeExists");
-    QTest::addColumn<bool>("pasteAccepted");
-    QTest::addColumn<int>("value");
-    QTest::newRow("refresh") << 0 << true << true << 40;
-    QTest::newRow("reset") << 1 << true << true << 11;
-    QTest::newRow("paste") << 2 << true << true << 77;
-    QTest::newRow("paste refused") << 2 << true << false << 40;
-    QTest::newRow("alternative default") << 4 << true << true << 22;
-    QTest::newRow("no alternative default") << 4 << false << true << 11;
-    QTest::newRow("unknown operation") << 9 << true << true << 40;
-}
-
-void tst_CDialBinding::operationsTakeTheirValue()
-{
-    QFETCH(int, operation);
-    QFETCH(bool, alternativeExists);
-    QFETCH(bool, pasteAccepted);
-    DialRig rig(0, 100, 5);
-    rig.bind();
-    RecordingMemory::Parameter &own = rig.parameter();
-    own.value = 40;
-    own.plainDefault = 11;
-    own.alternativeDefault = 22;
-    own.hasAlternative = alternativeExists;
-    rig.memory.acceptsPaste = pasteAccepted;
-    QByteArray bytes = copied(3, 7, 77);
-    processWith(rig.dial, bytes, operation);
-    QTEST(rig.dial.value(), "value");
-    if (operation == 2)
-        QCOMPARE(rig.memory.take({"applyParamInfo"}),
-                 QStringList{"applyParamInfo 3 7 2 = 77"});
-}
-
-void tst_CDialBinding::copyWritesTheStoredValue()
-{
-    DialRig rig(0, 100, 40);
-    rig.bind();
-    QByteArray bytes;
-    processWith(rig.dial, bytes, 3);
-    QDataStream stream(bytes);
-    const TParamInfoReader reader(&stream);
-    QVERIFY(reader.isValid());
-    QCOMPARE(reader.info(), (TParamInfo{3, 2, 7, 40}));
-}
-
-void tst_CDialBinding::damagedPastesLeaveTheStoredValue_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("cut off") << copied(3, 7, 77).left(9);
-    QTest::newRow("something else") << QByteArray(40, 'x');
-}
-
-void tst_CDialBinding::damagedPastesLeaveTheStoredValue()
-{
-    QFETCH(QByteArray, bytes);
-    DialRig rig(0, 100, 40);
-    rig.bind();
-    processWith(rig.dial, bytes, 2);
-    QCOMPARE(rig.dial.value(), 40);
-    QCOMPARE(rig.memory.take({"applyParamInfo"}), QStringList());
 }
 
 void tst_CDialBinding::extraOneForcesTheSignals()
@@ -289,28 +136,6 @@ void tst_CDialBinding::otherThreadsOnlyAskForARepeat()
     QCOMPARE(listener.take(), QStringList());
 }
 
-void tst_CDialBinding::blockedSignalsCostNoEmissionAndNoSpinning()
-{
-    DialRig rig(0, 100, 40);
-    rig.bind();
-    Listener listener(rig.dial);
-    TurnCounter counter;
-    CAppServer::s_marshallDispatcher->installEventFilter(&counter);
-    rig.dial.blockSignals(true);
-    for (int value : {50, 60, 70}) {
-        rig.parameter().value = value;
-        rig.dial.process(nullptr, 0, 1);
-    }
-    QTest::qWait(120);
-    QCOMPARE(listener.take(), QStringList());
-    QVERIFY2(counter.turns <= 3, qPrintable(QString::number(counter.turns)));
-    rig.dial.blockSignals(false);
-    QTRY_COMPARE(listener.heard.size(), 3);
-    QTest::qWait(60);
-    QCOMPARE(listener.take(), QStringList({"value 70", "text <70>", "above"}));
-    CAppServer::s_marshallDispatcher->removeEventFilter(&counter);
-}
-
 void tst_CDialBinding::blockedEditsAreStillWritten()
 {
     DialRig rig(0, 100, 40);
@@ -327,27 +152,19 @@ void tst_CDialBinding::blockedEditsAreStillWritten()
 
 void tst_CDialBinding::textsAreAskedForWithTheRightNumbers_data()
 {
-    QTest::addColumn<int>("table");
-    QTest::addColumn<int>("minimum");
-    QTest::addColumn<int>("maximum");
-    QTest::addColumn<QString>("call");
     // The element offset is 4.
-    QTest::newRow("own table") << 0 << 0 << 100 << QStringLiteral("valueText 6 0 3 0 3 7");
-    QTest::newRow("counted from a negative minimum")
-        << 0 << -20 << 100 << QStringLiteral("valueText 6 0 23 0 3 7");
-    QTest::newRow("negative table, unshifted")
-        << -7 << -20 << 100 << QStringLiteral("valueText 6 -7 3 0 3 7");
-    QTest::newRow("on/off with 5") << -3 << 0 << 5 << QStringLiteral("valueText 6 -3 3 1 3 7");
-    QTest::newRow("on/off with 1") << -3 << 0 << 4 << QStringLiteral("valueText 6 -3 3 0 3 7");
-    QTest::newRow("other table with 5") << -2 << 0 << 5 << QStringLiteral("valueText 6 -2 3 0 3 7");
+    Table<int, int, int, QString>()
+        .row("own table", 0, 0, 100, "valueText 6 0 3 0 3 7")
+        .row("counted from a negative minimum", 0, -20, 100, "valueText 6 0 23 0 3 7")
+        .row("negative table, unshifted", -7, -20, 100, "valueText 6 -7 3 0 3 7")
+        .row("on/off with 5", -3, 0, 5, "valueText 6 -3 3 1 3 7")
+        .row("on/off with 1", -3, 0, 4, "valueText 6 -3 3 0 3 7")
+        .row("other table with 5", -2, 0, 5, "valueText 6 -2 3 0 3 7");
 }
 
 void tst_CDialBinding::textsAreAskedForWithTheRightNumbers()
 {
-    QFETCH(int, table);
-    QFETCH(int, minimum);
-    QFETCH(int, maximum);
-    QFETCH(QString, call);
+    const auto [table, minimum, maximum, call] = Table<int, int, int, QString>::fetch();
     DialRig rig(minimum, maximum, 2);
     rig.dial.setTableId(table);
     rig.memory.bind(rig.dial, 3, 7, 2, 4);
@@ -426,62 +243,6 @@ void tst_CDialBinding::translationTablesWorkBothWays()
     rig.parameter().value = 80;
     rig.dial.process(nullptr, 0, 0);
     QCOMPARE(rig.dial.value(), 70);
-}
-
-void tst_CDialBinding::aTableOfTheConsoleHidesMissingParameters()
-{
-    DialRig rig(0, 100, 40);
-    rig.bind();
-    rig.show();
-    rig.memory.exists = false;
-    rig.dial.process(nullptr, 0, 0);
-    QVERIFY(!rig.dial.isVisible());
-    rig.memory.exists = true;
-    rig.dial.process(nullptr, 0, 0);
-    QVERIFY(rig.dial.isVisible());
-    rig.dial.hide();
-    rig.dial.process(nullptr, 0, 0);
-    QVERIFY(!rig.dial.isVisible());
-    rig.dial.show();
-    rig.dial.setDisableAutoHide(true);
-    rig.memory.exists = false;
-    rig.dial.process(nullptr, 0, 0);
-    QVERIFY(rig.dial.isVisible());
-}
-
-void tst_CDialBinding::leavesTheMemoryBeforeItDies()
-{
-    RecordingMemory memory;
-    {
-        CDial dial;
-        memory.bind(dial, 3, 7, 2);
-        memory.take();
-    }
-    QCOMPARE(memory.take({"detachProxy", "releaseProxy"}),
-             QStringList({QStringLiteral("detachProxy %1").arg(packedAddress(3, 7, 2)),
-                          "releaseProxy"}));
-}
-
-void tst_CDialBinding::survivesItsMemory()
-{
-    CDial dial;
-    {
-        RecordingMemory memory;
-        memory.bind(dial, 3, 7, 2);
-    }
-    dial.process(nullptr, 0, 1);
-    dial.setValue(3);
-    QVERIFY(!dial.memAPIReady() && !dial.isAttached());
-}
-
-void tst_CDialBinding::diesInsideItsOwnEmission()
-{
-    RecordingMemory memory;
-    auto *dial = new CDial;
-    memory.bind(*dial, 3, 7, 2);
-    connect(dial, &CDial::memoryAPIValueChange, this, [&dial] { delete std::exchange(dial, nullptr); });
-    dial->process(nullptr, 0, 1);
-    QVERIFY(!dial);
 }
 
 QTEST_MAIN(tst_CDialBinding)

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // What keeps the dial fast, counted instead of timed: paints, allocations, renderings, deliveries.
 #include "companions/memory/ParameterMemory.h"
-#include "tests/support/PaintEventsOnly.h"
 #include "testkit/TestStrip.h"
+#include "tests/support/PaintEventsOnly.h"
 #include "widgets/binding/TCacheServer.h"
 #include "widgets/controls/CDial.h"
 
@@ -117,10 +117,7 @@ public:
 class CountingDial : public CDial
 {
 public:
-    explicit CountingDial(QWidget *parent) : CDial(parent)
-    {
-        drawsLikeDial(typeid(CountingDial));
-    }
+    explicit CountingDial(QWidget *parent) : CDial(parent) { drawsLikeDial(typeid(CountingDial)); }
     void process(const Q_UINT8 *bytes, int operation, Q_UINT32 extra) override
     {
         ++calls;
