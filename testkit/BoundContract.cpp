@@ -373,9 +373,10 @@ void BoundContract::isNotEdited()
     bound.memory.take();
     for (const int operation : {-1, 1, 2, 3, 4})
         bound.proxy->process(nullptr, operation, 1);
+    QCOMPARE(bound.memory.take(), QStringList());
     QTest::mouseClick(bound.widget.get(), Qt::LeftButton);
     QTest::keyClick(bound.widget.get(), Qt::Key_Space);
-    QCOMPARE(bound.memory.take({"writeValue", "readDefault", "applyParamInfo"}), QStringList());
+    QCOMPARE(bound.memory.take({"writeValue"}), QStringList());
 }
 
 void BoundContract::tellsOnceWhatWasBlocked()

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "interfaces/CSimpleNotifier.h"
-#include "tests/support/PatchRig.h"
 #include "testkit/RecordingMemory.h"
+#include "tests/support/PatchRig.h"
+#include "tests/support/Table.h"
 #include "widgets/buttons/C48V.h"
 #include "widgets/controls/C48VDial.h"
 
@@ -23,7 +24,6 @@ private Q_SLOTS:
     void followsThePatch();
     void followsPortsAndHost_data();
     void followsPortsAndHost();
-    void rebindingMakesNoFurtherSubscriptions();
     void detachingEndsTheSubscriptions();
     void subscribesInOrder();
     void extraAddressingIsReadLate();
@@ -63,41 +63,23 @@ void tst_C48V::followsThePatch()
 
 void tst_C48V::followsPortsAndHost_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("element");
-    QTest::addColumn<int>("value");
-    QTest::addColumn<bool>("enabled");
-    QTest::addColumn<bool>("on");
-    QTest::newRow("unit 1 moves away") << "kSetupHX612/kHX612Port" << 0 << 150 << false << false;
-    QTest::newRow("unit 1 moves by one") << "kSetupHX612/kHX612Port" << 0 << 2 << true << true;
-    QTest::newRow("last unit moves") << "kSetupHX612/kHX612Port" << 15 << 0 << true << false;
-    QTest::newRow("another host") << "kHX612Host/kHX612HostID" << 0 << 3 << false << false;
+    Table<QString, int, int, bool, bool>()
+        .row("unit 1 moves away", "kSetupHX612/kHX612Port", 0, 150, false, false)
+        .row("unit 1 moves by one", "kSetupHX612/kHX612Port", 0, 2, true, true)
+        .row("last unit moves", "kSetupHX612/kHX612Port", 15, 0, true, false)
+        .row("another host", "kHX612Host/kHX612HostID", 0, 3, false, false);
 }
 
 void tst_C48V::followsPortsAndHost()
 {
-    QFETCH(QString, name);
-    QFETCH(int, element);
-    QFETCH(int, value);
+    const auto [name, element, value, enabled, on] = Table<QString, int, int, bool, bool>::fetch();
     PatchRig rig;
     C48V key(&rig.window);
     rig.setPhantom(4, 1); // the fourth port; input 5 is at the fifth
     rig.bind(key, address, 4);
     rig.set(name, element, value);
-    QTEST(key.isEnabled(), "enabled");
-    QTEST(key.isOn(), "on");
-}
-
-void tst_C48V::rebindingMakesNoFurtherSubscriptions()
-{
-    PatchRig rig;
-    C48V key(&rig.window);
-    rig.bind(key, address, 4);
-    const QList<CSimpleNotifier *> before = key.findChildren<CSimpleNotifier *>();
-    QCOMPARE(before.size(), Units + 2);
-    for (int source = 1; source < 20; ++source)
-        rig.patch(4, source);
-    QCOMPARE(key.findChildren<CSimpleNotifier *>(), before);
+    QCOMPARE(key.isEnabled(), enabled);
+    QCOMPARE(key.isOn(), on);
 }
 
 void tst_C48V::detachingEndsTheSubscriptions()
@@ -105,6 +87,9 @@ void tst_C48V::detachingEndsTheSubscriptions()
     PatchRig rig;
     C48V key(&rig.window);
     rig.bind(key, address, 4);
+    for (int source = 1; source < 20; ++source)
+        rig.patch(4, source);
+    QCOMPARE(key.findChildren<CSimpleNotifier *>().size(), Units + 2);
     key.disconnectMemAPI();
     QVERIFY(key.findChildren<CSimpleNotifier *>().isEmpty());
     rig.setPhantom(20, 1);
@@ -206,22 +191,16 @@ void tst_C48V::defaultIsTheChannelsOwn()
 
 void tst_C48V::writes_data()
 {
-    QTest::addColumn<int>("clip");
-    QTest::addColumn<bool>("inverted");
-    QTest::addColumn<int>("on");
-    QTest::addColumn<int>("off");
-    QTest::newRow("plain") << 0 << false << 1 << 0;
-    QTest::newRow("inverted") << 0 << true << 0 << 1;
-    QTest::newRow("clip 3") << 3 << false << 3 << 0;
-    QTest::newRow("inverted clip 3") << 3 << true << 0 << 3;
+    Table<int, bool, int, int>()
+        .row("plain", 0, false, 1, 0)
+        .row("inverted", 0, true, 0, 1)
+        .row("clip 3", 3, false, 3, 0)
+        .row("inverted clip 3", 3, true, 0, 3);
 }
 
 void tst_C48V::writes()
 {
-    QFETCH(int, clip);
-    QFETCH(bool, inverted);
-    QFETCH(int, on);
-    QFETCH(int, off);
+    const auto [clip, inverted, on, off] = Table<int, bool, int, int>::fetch();
     RecordingMemory memory;
     memory.phantom = IMemAPI::TSingleBaseAddress{20, 6, 1};
     C48V key;
@@ -237,31 +216,26 @@ void tst_C48V::writes()
 
 void tst_C48V::shows_data()
 {
-    QTest::addColumn<int>("clip");
-    QTest::addColumn<bool>("inverted");
-    QTest::addColumn<int>("value");
-    QTest::addColumn<bool>("on");
-    QTest::newRow("plain 0") << 0 << false << 0 << false;
-    QTest::newRow("plain 1") << 0 << false << 1 << true;
-    QTest::newRow("anything but 0 counts as 1") << 0 << false << 7 << true;
-    QTest::newRow("inverted 7") << 0 << true << 7 << false;
-    QTest::newRow("clip 3 is never reached") << 3 << false << 3 << false;
-    QTest::newRow("inverted clip 3") << 3 << true << 3 << true;
+    Table<int, bool, int, bool>()
+        .row("plain 0", 0, false, 0, false)
+        .row("plain 1", 0, false, 1, true)
+        .row("anything but 0 counts as 1", 0, false, 7, true)
+        .row("inverted 7", 0, true, 7, false)
+        .row("clip 3 is never reached", 3, false, 3, false)
+        .row("inverted clip 3", 3, true, 3, true);
 }
 
 void tst_C48V::shows()
 {
-    QFETCH(int, clip);
-    QFETCH(bool, inverted);
+    const auto [clip, inverted, value, on] = Table<int, bool, int, bool>::fetch();
     RecordingMemory memory;
     memory.phantom = IMemAPI::TSingleBaseAddress{20, 6, 1};
-    QFETCH(int, value);
     memory.at(20, 1, 6).value = value;
     C48V key;
     key.setBoolClipValue(clip);
     key.setInvertedLogic(inverted);
     memory.bind(key, 3, 7, 2);
-    QTEST(key.isOn(), "on");
+    QCOMPARE(key.isOn(), on);
     QCOMPARE(memory.take({"writeValue"}), QStringList());
 }
 

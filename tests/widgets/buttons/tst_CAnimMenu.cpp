@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/PaintWatch.h"
+#include "tests/support/Table.h"
 #include "widgets/buttons/CAnimMenu.h"
 
 #include <QAction>
@@ -181,14 +182,12 @@ void tst_CAnimMenu::aJumpLeavesTheTimerRunning()
 
 void tst_CAnimMenu::drawsTheMovingPictureHangingFromTheTop_data()
 {
-    QTest::addColumn<int>("ratio");
-    QTest::newRow("one pixel per point") << 1;
-    QTest::newRow("two pixels per point") << 2;
+    Table<int>().row("one pixel per point", 1).row("two pixels per point", 2);
 }
 
 void tst_CAnimMenu::drawsTheMovingPictureHangingFromTheTop()
 {
-    QFETCH(int, ratio);
+    const auto [ratio] = Table<int>::fetch();
     Rig rig;
     rig.panel->setMoveImage(ruled(200, ratio));
     rig.panel->setCloseImage(ruled(100, ratio));
@@ -233,19 +232,16 @@ void tst_CAnimMenu::aNullPictureIsNotDrawn()
 
 void tst_CAnimMenu::mayDieWhileItRolls_data()
 {
-    QTest::addColumn<QByteArray>("signal");
-    QTest::addColumn<bool>("open");
-    QTest::newRow("when it starts") << QByteArray(SIGNAL(stateChanged(CAnimMenu::AnimWindowStatus)))
-                                    << false;
-    QTest::newRow("when it has opened") << QByteArray(SIGNAL(showMenu(bool))) << false;
-    QTest::newRow("when it closes") << QByteArray(SIGNAL(showMenu(bool))) << true;
-    QTest::newRow("between two steps") << QByteArray() << false;
+    Table<QByteArray, bool>()
+        .row("when it starts", QByteArray(SIGNAL(stateChanged(CAnimMenu::AnimWindowStatus))), false)
+        .row("when it has opened", QByteArray(SIGNAL(showMenu(bool))), false)
+        .row("when it closes", QByteArray(SIGNAL(showMenu(bool))), true)
+        .row("between two steps", QByteArray(), false);
 }
 
 void tst_CAnimMenu::mayDieWhileItRolls()
 {
-    QFETCH(QByteArray, signal);
-    QFETCH(bool, open);
+    const auto [signal, open] = Table<QByteArray, bool>::fetch();
     Rig rig;
     rig.panel->setOpen(open);
     const QPointer<CAnimMenu> panel(rig.panel);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "testkit/RecordingMemory.h"
 #include "testkit/TestStrip.h"
+#include "tests/support/Table.h"
 #include "widgets/buttons/CMenuObject.h"
 #include "widgets/buttons/CPullDownMenu.h"
 
@@ -86,11 +87,8 @@ private Q_SLOTS:
     void anItemWithoutAPlaceCannotBeChosen();
     void anEmptyListKeepsTheMenuAndRefusesEveryPosition();
     void theStartPositionIsWrittenOnlyIfAnotherWasShown();
-    void operationsOfTheMemory_data();
-    void operationsOfTheMemory();
     void aListSetWhileBoundShowsTheValueAndWritesNothing();
     void tellsItsPositionEveryTimeAndItsValueWhenItChanges();
-    void blockedSignalsAreToldLater();
     void twoMenusThatFollowEachOtherComeToAnEnd();
     void checksTheCurrentItemOnly();
     void stepsThroughPictures();
@@ -146,23 +144,22 @@ void tst_CPullDownMenu::showsTheListInItsOrderOrSorted()
 
 void tst_CPullDownMenu::valuesWithoutAnItemLeaveTheDisplay_data()
 {
-    QTest::addColumn<int>("value");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("lowest") << -5 << "Low";
-    QTest::newRow("highest") << -3 << "High";
-    QTest::newRow("below the lowest") << -6 << "Mid";
-    QTest::newRow("above the highest") << -2 << "Mid";
-    QTest::newRow("lowest integer") << std::numeric_limits<int>::min() << "Mid";
-    QTest::newRow("highest integer") << std::numeric_limits<int>::max() << "Mid";
+    Table<int, QString>()
+        .row("lowest", -5, "Low")
+        .row("highest", -3, "High")
+        .row("below the lowest", -6, "Mid")
+        .row("above the highest", -2, "Mid")
+        .row("lowest integer", std::numeric_limits<int>::min(), "Mid")
+        .row("highest integer", std::numeric_limits<int>::max(), "Mid");
 }
 
 void tst_CPullDownMenu::valuesWithoutAnItemLeaveTheDisplay()
 {
+    const auto [value, shown] = Table<int, QString>::fetch();
     Rig rig("Low;Mid;High", -5, -4);
     QCOMPARE(rig.widget->text(), "Mid");
-    QFETCH(int, value);
     rig.change(value);
-    QTEST(rig.widget->text(), "shown");
+    QCOMPARE(rig.widget->text(), shown);
     QCOMPARE(rig.writes(), QStringList());
 }
 
@@ -230,37 +227,6 @@ void tst_CPullDownMenu::theStartPositionIsWrittenOnlyIfAnotherWasShown()
     QCOMPARE(rig.writes(), QStringList({written(1), written(0)}));
 }
 
-void tst_CPullDownMenu::operationsOfTheMemory_data()
-{
-    QTest::addColumn<int>("operation");
-    QTest::addColumn<bool>("accepts");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("refresh") << 0 << true << "Mid";
-    QTest::newRow("default") << 1 << true << "High";
-    QTest::newRow("accepted paste") << 2 << true << "Low";
-    QTest::newRow("refused paste") << 2 << false << "Mid";
-    QTest::newRow("alternative default") << 4 << true << "Mid";
-    QTest::newRow("unknown") << 9 << true << "Mid";
-}
-
-void tst_CPullDownMenu::operationsOfTheMemory()
-{
-    QFETCH(int, operation);
-    QFETCH(bool, accepts);
-    Rig rig("Low;Mid;High", 0, 1);
-    rig.parameter().plainDefault = 2;
-    rig.parameter().alternativeDefault = 0;
-    rig.parameter().hasAlternative = true;
-    rig.memory.acceptsPaste = accepts;
-    QByteArray bytes;
-    QDataStream out(&bytes, QIODevice::WriteOnly);
-    TParamInfoWriter(*rig.widget, 0, &out, -1);
-    QDataStream in(bytes);
-    rig.widget->process(reinterpret_cast<const Q_UINT8 *>(&in), operation, 0);
-    QTEST(rig.widget->text(), "shown");
-    QCOMPARE(rig.writes(), QStringList());
-}
-
 void tst_CPullDownMenu::aListSetWhileBoundShowsTheValueAndWritesNothing()
 {
     Rig rig({}, 20, 22);
@@ -288,18 +254,6 @@ void tst_CPullDownMenu::tellsItsPositionEveryTimeAndItsValueWhenItChanges()
     QCOMPARE(text, QList<QVariantList>({{"2"}}));
     rig.widget->process(nullptr, 0, 1);
     QCOMPARE(number.count(), 2);
-}
-
-void tst_CPullDownMenu::blockedSignalsAreToldLater()
-{
-    Rig rig("Low;Mid;High");
-    const QSignalSpy text(rig.widget, &CPullDownMenu::textualValueChange);
-    rig.widget->blockSignals(true);
-    rig.change(1);
-    rig.change(2);
-    rig.widget->blockSignals(false);
-    QCOMPARE(text.count(), 0);
-    QTRY_COMPARE(text, QList<QVariantList>({{"High"}}));
 }
 
 void tst_CPullDownMenu::twoMenusThatFollowEachOtherComeToAnEnd()
@@ -363,24 +317,21 @@ void tst_CPullDownMenu::stepsThroughPictures()
 
 void tst_CPullDownMenu::aStripFixesTheSize_data()
 {
-    QTest::addColumn<int>("count");
-    QTest::addColumn<int>("ratio");
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("four pictures") << 4 << 1 << QSize(40, 20);
-    QTest::newRow("at two pixels per point") << 4 << 2 << QSize(40, 20);
-    QTest::newRow("one picture") << 1 << 1 << QSize(40, 80);
-    QTest::newRow("no pictures") << 0 << 1 << QSize(40, 80);
+    Table<int, int, QSize>()
+        .row("four pictures", 4, 1, QSize(40, 20))
+        .row("at two pixels per point", 4, 2, QSize(40, 20))
+        .row("one picture", 1, 1, QSize(40, 80))
+        .row("no pictures", 0, 1, QSize(40, 80));
 }
 
 void tst_CPullDownMenu::aStripFixesTheSize()
 {
-    QFETCH(int, count);
-    QFETCH(int, ratio);
+    const auto [count, ratio, size] = Table<int, int, QSize>::fetch();
     CPullDownMenu menu;
     menu.setnSubImages(count);
     menu.setCombinedImage(teststrip::make(1, 4, {40, 20}, ratio));
-    QTEST(menu.minimumSize(), "size");
-    QTEST(menu.maximumSize(), "size");
+    QCOMPARE(menu.minimumSize(), size);
+    QCOMPARE(menu.maximumSize(), size);
     menu.grab();
 }
 
@@ -399,25 +350,22 @@ void tst_CPullDownMenu::opensUnderItsBottomRow()
 
 void tst_CPullDownMenu::opensByKeyWhileItsFocusShows_data()
 {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<bool>("focusRect");
-    QTest::addColumn<bool>("opens");
-    QTest::newRow("Space") << int(Qt::Key_Space) << true << true;
-    QTest::newRow("Return") << int(Qt::Key_Return) << true << true;
-    QTest::newRow("a letter") << int(Qt::Key_A) << true << false;
-    QTest::newRow("Space without focus rectangle") << int(Qt::Key_Space) << false << false;
+    Table<int, bool, bool>()
+        .row("Space", int(Qt::Key_Space), true, true)
+        .row("Return", int(Qt::Key_Return), true, true)
+        .row("a letter", int(Qt::Key_A), true, false)
+        .row("Space without focus rectangle", int(Qt::Key_Space), false, false);
 }
 
 void tst_CPullDownMenu::opensByKeyWhileItsFocusShows()
 {
-    QFETCH(int, key);
-    QFETCH(bool, focusRect);
+    const auto [key, focusRect, opens] = Table<int, bool, bool>::fetch();
     Rig rig("Low;Mid;High");
     rig.show();
     rig.widget->setEnableFocusRect(focusRect);
     rig.widget->setFocus();
     QTest::keyClick(rig.widget, Qt::Key(key));
-    QTEST(rig.menu()->isVisible(), "opens");
+    QCOMPARE(rig.menu()->isVisible(), opens);
 }
 
 void tst_CPullDownMenu::isUsedByKeyboard()
@@ -508,42 +456,37 @@ void tst_CPullDownMenu::refusesToOpenWhileItIsLocked()
 
 void tst_CPullDownMenu::mayDieAtAnyTime_data()
 {
-    QTest::addColumn<bool>("byMouse");
-    QTest::addColumn<QByteArray>("signal");
-    for (const bool byMouse : {true, false}) {
-        for (const char *signal : {SIGNAL(valueChanged(int)), SIGNAL(memoryAPIValueChange(int)),
-                                   SIGNAL(textualValueChange(QString))})
-            QTest::addRow("%s %s", byMouse ? "mouse" : "key", signal + 1) << byMouse
-                                                                         << QByteArray(signal);
-    }
-    QTest::newRow("while open") << true << QByteArray();
+    Table<QByteArray>()
+        .row("while open", {})
+        .row("position", SIGNAL(valueChanged(int)))
+        .row("value", SIGNAL(memoryAPIValueChange(int)))
+        .row("text", SIGNAL(textualValueChange(QString)));
 }
 
 void tst_CPullDownMenu::mayDieAtAnyTime()
 {
-    QFETCH(bool, byMouse);
-    QFETCH(QByteArray, signal);
-    Rig rig("Low;Mid;High");
-    rig.show();
-    const QPointer<CPullDownMenu> widget(rig.widget);
-    if (!signal.isEmpty()) {
-        // The widget dies in the middle of the emission.
-        auto *relay = new QAction(&rig.window);
-        QObject::connect(relay, &QAction::triggered, &rig.window, [&rig] { delete rig.widget; });
-        QObject::connect(rig.widget, signal, relay, SLOT(trigger()));
+    const auto [signal] = Table<QByteArray>::fetch();
+    for (const bool byMouse : {true, false}) {
+        Rig rig("Low;Mid;High");
+        rig.show();
+        const QPointer<CPullDownMenu> widget(rig.widget);
+        QAction fate;
+        connect(&fate, &QAction::triggered, this, [&rig] { delete rig.widget; });
+        rig.press();
+        if (signal.isEmpty()) {
+            fate.trigger();
+        } else {
+            // The widget dies in the middle of the emission.
+            connect(rig.widget, signal, &fate, SLOT(trigger()));
+            if (!byMouse) {
+                QTest::keyClick(rig.menu(), Qt::Key_Down);
+                QTest::keyClick(rig.menu(), Qt::Key_Down);
+            }
+            byMouse ? rig.choose(1) : QTest::keyClick(rig.menu(), Qt::Key_Return);
+        }
+        QVERIFY(!widget);
+        QApplication::processEvents();
     }
-    rig.press();
-    if (signal.isEmpty()) {
-        delete rig.widget;
-    } else if (byMouse) {
-        rig.choose(1);
-    } else {
-        QTest::keyClick(rig.menu(), Qt::Key_Down);
-        QTest::keyClick(rig.menu(), Qt::Key_Down);
-        QTest::keyClick(rig.menu(), Qt::Key_Return);
-    }
-    QVERIFY(!widget);
-    QApplication::processEvents();
 }
 
 void tst_CPullDownMenu::aListChangedWhileOpenClosesTheMenu()

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "companions/memory/ParameterMemory.h"
 #include "interfaces/CSimpleNotifier.h"
-#include "tests/support/KeyStrip.h"
 #include "testkit/RecordingMemory.h"
+#include "tests/support/KeyStrip.h"
+#include "tests/support/Table.h"
 #include "widgets/buttons/CSelectButton.h"
 
 #include <QAccessible>
@@ -101,7 +102,7 @@ struct Row
     {
         return numbers([](CountedKey &key) { return key.isOn(); });
     }
-    template <class Test>
+    template<class Test>
     QList<int> numbers(Test test) const
     {
         QList<int> found;
@@ -149,35 +150,30 @@ private Q_SLOTS:
 
 void tst_CSelectButton::numberIsOffsetsPlusElement_data()
 {
-    QTest::addColumn<unsigned>("base");
-    QTest::addColumn<int>("offset");
-    QTest::addColumn<int>("element");
-    QTest::addColumn<int>("number");
-    QTest::newRow("input 6") << 0U << 0 << 5 << 5;
-    QTest::newRow("mix 3 behind 48 inputs") << 48U << 0 << 2 << 50;
-    QTest::newRow("second layer") << 0U << 24 << 5 << 29;
-    QTest::newRow("16 bits") << 0xFFFFU << 1 << 2 << 2;
+    Table<unsigned, int, int, int>()
+        .row("input 6", 0U, 0, 5, 5)
+        .row("mix 3 behind 48 inputs", 48U, 0, 2, 50)
+        .row("second layer", 0U, 24, 5, 29)
+        .row("16 bits", 0xFFFFU, 1, 2, 2);
 }
 
 void tst_CSelectButton::numberIsOffsetsPlusElement()
 {
-    QFETCH(unsigned, base);
-    QFETCH(int, offset);
-    QFETCH(int, element);
+    const auto [base, offset, element, number] = Table<unsigned, int, int, int>::fetch();
     RecordingMemory memory;
     CSelectButton key;
     key.setselBaseOffset(base);
     QCOMPARE(key.channelNumber(), 0x7FFF);
     memory.bind(key, 21, 4, element, offset);
-    QTEST(key.channelNumber(), "number");
+    QCOMPARE(key.channelNumber(), number);
     QCOMPARE(key.element, qint16(0));
     QCOMPARE(key.selBaseOffset(), base);
     // Attached again at the same address it is the same channel.
     key.applyConnection(0);
     key.applyConnection(1);
-    QTEST(key.channelNumber(), "number");
+    QCOMPARE(key.channelNumber(), number);
     key.setselBaseOffset(7);
-    QTEST(key.channelNumber(), "number");
+    QCOMPARE(key.channelNumber(), number);
 }
 
 void tst_CSelectButton::unboundKeyHasANumberOfItsOwn()
@@ -199,9 +195,9 @@ void tst_CSelectButton::callsTheMemoryInOrder()
     memory.bind(key, 21, 4, 5);
     const QString pairs = QStringLiteral("FEkInputPair/kPair;10FEkMixPair/kPair;"
                                          "08FEkMatrixPair/kPair;03FEkStereoPair/kPair");
-    const QString groups = QStringLiteral(
-        "FEkGroupID_Input/kGroupID;10FEkGroupID_Mix/kGroupID;"
-        "08FEkGroupID_Matrix/kGroupID;03FEkGroupID_Stereo/kGroupID");
+    const QString groups =
+        QStringLiteral("FEkGroupID_Input/kGroupID;10FEkGroupID_Mix/kGroupID;"
+                       "08FEkGroupID_Matrix/kGroupID;03FEkGroupID_Stereo/kGroupID");
     QCOMPARE(memory.take({"attachProxy", "createNotifier"}),
              QStringList({QStringLiteral("attachProxy %1 0").arg(packedAddress(21, 4, 0)),
                           "createNotifier " + pairs + " 51pairModeChanged(int)",

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/PaintWatch.h"
 #include "testkit/RecordingMemory.h"
+#include "tests/support/PaintWatch.h"
+#include "tests/support/Table.h"
 #include "widgets/buttons/StateDisplayBit.h"
 
 #include <QAccessible>
@@ -78,11 +79,9 @@ private Q_SLOTS:
     void multiModeCollectsAndWatchesARun();
     void detachesWhatItAttached();
     void drawsWhatTheMemoryHoldsNotWhatItWasTold();
-    void handlesRefreshesOnly();
     void oneChangedBitRepaintsOneStrip_data();
     void oneChangedBitRepaintsOneStrip();
     void tellsAndSpeaksTheBits();
-    void isNotEdited();
 };
 
 void tst_StateDisplayBit::startsAsRequired()
@@ -92,36 +91,36 @@ void tst_StateDisplayBit::startsAsRequired()
     QCOMPARE(rig.display.objectName(), QString());
     QCOMPARE(rig.display.focusPolicy(), Qt::ClickFocus);
     QCOMPARE(rig.display.numDefaultKind(), 0);
-    QVERIFY(!rig.display.isUndoEnable() && !rig.display.multiMode());
+    QVERIFY(!rig.display.isUndoEnable() && !rig.display.multiMode() && rig.display.disabledUI());
+    rig.bind();
+    std::thread([&] { rig.display.setValue(1); }).join();
+    QCOMPARE(rig.display.value(), 0);
 }
 
 void tst_StateDisplayBit::composesStripsFromTheLitPicture_data()
 {
-    QTest::addColumn<int>("lamps");
-    QTest::addColumn<int>("bits");
-    QTest::addColumn<QString>("rows");
-    QTest::newRow("none") << 4 << 0 << "b42";
-    QTest::newRow("lowest on top") << 4 << 1 << "r10 b32";
-    QTest::newRow("a rest that stays dark") << 4 << 0xF << "r40 b2";
-    QTest::newRow("more bits than lamps") << 2 << 0xFE << "b21 r21";
-    QTest::newRow("all of 32 bits") << 32 << -1 << "r32 b10";
-    QTest::newRow("the sign bit") << 32 << std::numeric_limits<int>::min() << "b31 r1 b10";
-    QTest::newRow("more lamps than bits") << 42 << -1 << "r32 b10";
-    QTest::newRow("more lamps than rows") << 255 << -1 << "b42";
-    QTest::newRow("no lamps") << 0 << -1 << "";
+    Table<int, int, QString>()
+        .row("none", 4, 0, "b42")
+        .row("lowest on top", 4, 1, "r10 b32")
+        .row("a rest that stays dark", 4, 0xF, "r40 b2")
+        .row("more bits than lamps", 2, 0xFE, "b21 r21")
+        .row("all of 32 bits", 32, -1, "r32 b10")
+        .row("the sign bit", 32, std::numeric_limits<int>::min(), "b31 r1 b10")
+        .row("more lamps than bits", 42, -1, "r32 b10")
+        .row("more lamps than rows", 255, -1, "b42")
+        .row("no lamps", 0, -1, "");
 }
 
 void tst_StateDisplayBit::composesStripsFromTheLitPicture()
 {
-    QFETCH(int, lamps);
-    QFETCH(int, bits);
+    const auto [lamps, bits, rows] = Table<int, int, QString>::fetch();
     Rig rig(lamps);
     rig.parameter(0).value = bits;
     rig.bind();
-    QTEST(rig.rows(), "rows");
+    QCOMPARE(rig.rows(), rows);
     rig.change(0);
     rig.change(bits);
-    QTEST(rig.rows(), "rows");
+    QCOMPARE(rig.rows(), rows);
 }
 
 void tst_StateDisplayBit::picturesOfDifferentSizesChangeNothing()
@@ -193,28 +192,14 @@ void tst_StateDisplayBit::drawsWhatTheMemoryHoldsNotWhatItWasTold()
     QCOMPARE(rig.rows(), "b10 r10 b22");
 }
 
-void tst_StateDisplayBit::handlesRefreshesOnly()
-{
-    Rig rig(4);
-    rig.bind();
-    rig.parameter(0).value = 1;
-    for (const int operation : {-1, 1, 2, 3, 4})
-        rig.display.process(nullptr, operation, 1);
-    QCOMPARE(rig.memory.take(), QStringList());
-    std::thread([&] { rig.display.setValue(1); }).join();
-    QCOMPARE(rig.display.value(), 0);
-}
-
 void tst_StateDisplayBit::oneChangedBitRepaintsOneStrip_data()
 {
-    QTest::addColumn<int>("ratio");
-    QTest::newRow("one pixel per point") << 1;
-    QTest::newRow("two pixels per point") << 2;
+    Table<int>().row("one pixel per point", 1).row("two pixels per point", 2);
 }
 
 void tst_StateDisplayBit::oneChangedBitRepaintsOneStrip()
 {
-    QFETCH(int, ratio);
+    const auto [ratio] = Table<int>::fetch();
     Rig rig(32, {20, 320}, ratio);
     rig.bind();
     rig.window.show();
@@ -251,17 +236,6 @@ void tst_StateDisplayBit::tellsAndSpeaksTheBits()
     QCOMPARE(speaker->text(QAccessible::Value), "1, 4 on");
     QCOMPARE(bits, QList<QVariantList>({{9}}));
     QCOMPARE(text, QList<QVariantList>({{"1, 4 on"}}));
-}
-
-void tst_StateDisplayBit::isNotEdited()
-{
-    Rig rig(4);
-    rig.bind();
-    rig.window.show();
-    QVERIFY(rig.display.disabledUI());
-    QTest::mouseClick(&rig.display, Qt::LeftButton);
-    QTest::keyClick(&rig.display, Qt::Key_Space);
-    QCOMPARE(rig.memory.take({"writeValue"}), QStringList());
 }
 
 QTEST_MAIN(tst_StateDisplayBit)

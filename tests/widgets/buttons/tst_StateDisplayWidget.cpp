@@ -2,6 +2,7 @@
 #include "testkit/RecordingMemory.h"
 #include "testkit/TestStrip.h"
 #include "tests/support/PaintWatch.h"
+#include "tests/support/Table.h"
 #include "widgets/binding/TCacheServer.h"
 #include "widgets/buttons/StateDisplayWidget.h"
 
@@ -63,14 +64,14 @@ private Q_SLOTS:
     void reportsClicks();
     void mayDieWhenClicked();
     void theOwnerWritesAndTheMemoryShows();
-    void handlesRefreshesOnly();
     void equalNamesShareAPicture();
     void speaksItsState();
 };
 
 void tst_StateDisplayWidget::startsAsRequired()
 {
-    const StateDisplayWidget display(nullptr, "name");
+    StateDisplayWidget display(nullptr, "name");
+    std::thread([&] { display.setValue(1); }).join();
     QCOMPARE(display.objectName(), QString());
     QCOMPARE(display.value(), static_cast<int>(0x80000001));
     QCOMPARE(display.focusPolicy(), Qt::ClickFocus);
@@ -80,26 +81,20 @@ void tst_StateDisplayWidget::startsAsRequired()
 
 void tst_StateDisplayWidget::choosesThePicture_data()
 {
-    QTest::addColumn<int>("pictures");
-    QTest::addColumn<bool>("boolean");
-    QTest::addColumn<int>("value");
-    QTest::addColumn<int>("picture");
-    QTest::newRow("below") << 4 << false << -4 << 0;
-    QTest::newRow("inside") << 4 << false << 2 << 2;
-    QTest::newRow("last") << 4 << false << 3 << 3;
-    QTest::newRow("above") << 4 << false << 9 << 3;
-    QTest::newRow("equal") << 5 << true << 3 << 1;
-    QTest::newRow("not equal") << 5 << true << 4 << 0;
-    QTest::newRow("equal, one picture") << 1 << true << 3 << 0;
-    QTest::newRow("257 are 1") << 257 << false << 3 << 0;
+    Table<int, bool, int, int>()
+        .row("below", 4, false, -4, 0)
+        .row("inside", 4, false, 2, 2)
+        .row("last", 4, false, 3, 3)
+        .row("above", 4, false, 9, 3)
+        .row("equal", 5, true, 3, 1)
+        .row("not equal", 5, true, 4, 0)
+        .row("equal, one picture", 1, true, 3, 0)
+        .row("257 are 1", 257, false, 3, 0);
 }
 
 void tst_StateDisplayWidget::choosesThePicture()
 {
-    QFETCH(int, pictures);
-    QFETCH(bool, boolean);
-    QFETCH(int, value);
-    QFETCH(int, picture);
+    const auto [pictures, boolean, value, picture] = Table<int, bool, int, int>::fetch();
     Rig rig;
     rig.display->setnSubImages(pictures);
     rig.display->setCombinedImage(teststrip::make(1, rig.display->nSubImages(), {30, 20}));
@@ -145,26 +140,23 @@ void tst_StateDisplayWidget::settersOnlyStore()
 
 void tst_StateDisplayWidget::polishFixesTheSize_data()
 {
-    QTest::addColumn<int>("pictures");
-    QTest::addColumn<int>("ratio");
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("one pixel per point") << 5 << 1 << QSize(30, 20);
-    QTest::newRow("two pixels per point") << 5 << 2 << QSize(30, 20);
-    QTest::newRow("a rest") << 3 << 1 << QSize(30, 33);
-    QTest::newRow("no pictures") << 0 << 1 << QSize(70, 70);
+    Table<int, int, QSize>()
+        .row("one pixel per point", 5, 1, QSize(30, 20))
+        .row("two pixels per point", 5, 2, QSize(30, 20))
+        .row("a rest", 3, 1, QSize(30, 33))
+        .row("no pictures", 0, 1, QSize(70, 70));
 }
 
 void tst_StateDisplayWidget::polishFixesTheSize()
 {
-    QFETCH(int, pictures);
-    QFETCH(int, ratio);
+    const auto [pictures, ratio, size] = Table<int, int, QSize>::fetch();
     Rig rig;
     rig.display->resize(70, 70);
     rig.display->setnSubImages(pictures);
     rig.display->setCombinedImage(teststrip::make(1, 5, {30, 20}, ratio));
     QCOMPARE(rig.display->size(), QSize(70, 70));
     rig.show();
-    QTEST(rig.display->size(), "size");
+    QCOMPARE(rig.display->size(), size);
 }
 
 void tst_StateDisplayWidget::reportsClicks()
@@ -205,17 +197,6 @@ void tst_StateDisplayWidget::theOwnerWritesAndTheMemoryShows()
     QCOMPARE(rig.display->value(), 0);
     rig.display->process(nullptr, 0, 0);
     QCOMPARE(rig.display->value(), 3);
-}
-
-void tst_StateDisplayWidget::handlesRefreshesOnly()
-{
-    Rig rig;
-    rig.bind();
-    for (const int operation : {-1, 1, 2, 3, 4})
-        rig.display->process(nullptr, operation, 1);
-    QCOMPARE(rig.memory.take(), QStringList());
-    std::thread([&] { rig.display->setValue(1); }).join();
-    QCOMPARE(rig.display->value(), 0);
 }
 
 void tst_StateDisplayWidget::equalNamesShareAPicture()
