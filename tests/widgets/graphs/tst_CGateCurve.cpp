@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/Table.h"
 #include "tests/widgets/graphs/DynamicsRig.h"
 #include "widgets/graphs/CGateCurve.h"
 
@@ -15,63 +16,50 @@ class tst_CGateCurve : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void followsThreeParametersOfTheBlock();
-    void readsAtTheFirstCallNotAtAttaching();
+    void followsThreeParametersAndReadsThem();
     void curveBreaksAtTheThreshold_data();
     void curveBreaksAtTheThreshold();
     void valuesAreHeldInTheirBounds();
     void standsOnItsPicture();
     void everyRefreshDrawsAnew();
     void tellsTheThresholdWhenItChanges();
-    void otherOperationsDoNothing();
     void speaksItsCurveInWords();
 };
 
-void tst_CGateCurve::followsThreeParametersOfTheBlock()
+void tst_CGateCurve::followsThreeParametersAndReadsThem()
 {
     Rig rig;
     rig.memory.bind(rig.graph, Rig::Group, Rig::Threshold, Rig::Element);
     QCOMPARE(rig.memory.take(),
              Rig::calls("attachProxy", {Rig::Threshold, Rig::Range, Rig::Type}, " 0"));
-    rig.graph.disconnectMemAPI();
-    QCOMPARE(rig.memory.take(), Rig::calls("detachProxy", {Rig::Threshold, Rig::Range, Rig::Type}));
-}
-
-void tst_CGateCurve::readsAtTheFirstCallNotAtAttaching()
-{
-    Rig rig;
-    rig.memory.bind(rig.graph, Rig::Group, Rig::Threshold, Rig::Element);
-    rig.memory.take();
     rig.refresh();
     QCOMPARE(rig.memory.take({"read"}),
              QStringList({"readMinimum 57 9 2", "readMaximum 57 9 2", "readValue 57 9 2",
                           "readMinimum 57 10 2", "readMaximum 57 10 2", "readValue 57 10 2",
                           "readValue 57 1 2"}));
+    QVERIFY(rig.graph.disabledUI());
 }
 
 void tst_CGateCurve::curveBreaksAtTheThreshold_data()
 {
-    QTest::addColumn<int>("type");
-    QTest::addColumn<int>("below");
-    QTest::addColumn<int>("close");
-    QTest::addColumn<int>("above");
     // Threshold -26.9 dB, which counts as -26; range -30 dB; at -40, -27 and -10 dB.
-    QTest::newRow("gate") << 0 << -70 << -57 << -10;
-    QTest::newRow("ducking") << 1 << -40 << -27 << -40;
-    QTest::newRow("any other") << 5 << -40 << -27 << -40;
+    Table<int, int, int, int>()
+        .row("gate", 0, -70, -57, -10)
+        .row("ducking", 1, -40, -27, -40)
+        .row("any other", 5, -40, -27, -40);
 }
 
 void tst_CGateCurve::curveBreaksAtTheThreshold()
 {
-    QFETCH(int, type);
+    const auto [type, below, close, above] = Table<int, int, int, int>::fetch();
     Rig rig;
     rig.setValue(Rig::Type, type);
     rig.setValue(Rig::Threshold, -269);
     rig.setValue(Rig::Range, -30);
     rig.bind();
-    QTEST(rig.levelAt(-40), "below");
-    QTEST(rig.levelAt(-27), "close");
-    QTEST(rig.levelAt(-10), "above");
+    QCOMPARE(rig.levelAt(-40), below);
+    QCOMPARE(rig.levelAt(-27), close);
+    QCOMPARE(rig.levelAt(-10), above);
     QCOMPARE(rig.levelAt(17), type == 0 ? 17 : -13);
 }
 
@@ -121,16 +109,6 @@ void tst_CGateCurve::tellsTheThresholdWhenItChanges()
     rig.setValue(Rig::Threshold, -9000);
     rig.refresh();
     QCOMPARE(values.takeFirst().first().toInt(), -720);
-}
-
-void tst_CGateCurve::otherOperationsDoNothing()
-{
-    Rig rig;
-    rig.bind();
-    for (int operation = 1; operation <= 4; ++operation)
-        rig.graph.process(nullptr, operation, 1);
-    QCOMPARE(rig.memory.take(), QStringList());
-    QVERIFY(rig.graph.disabledUI());
 }
 
 void tst_CGateCurve::speaksItsCurveInWords()

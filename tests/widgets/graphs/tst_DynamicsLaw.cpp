@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/Table.h"
 #include "widgets/graphs/DynamicsLaw.h"
 
 #include <QTest>
@@ -85,21 +86,20 @@ void tst_DynamicsLaw::levelsAreAsComputedByHand()
 
 void tst_DynamicsLaw::kneeLowersWhatIsClose_data()
 {
-    QTest::addColumn<int>("knee");
-    QTest::addColumn<QList<int>>("allowances"); // 0, 1, 2, ... dB away
-    QTest::newRow("hard") << 0 << QList<int>{0, 0};
-    QTest::newRow("1") << 1 << QList<int>{2, 2, 2, 0};
-    QTest::newRow("2") << 2 << QList<int>{2, 2, 2, 2, 2, 0};
-    QTest::newRow("3") << 3 << QList<int>{4, 2, 2, 2, 2, 2, 2, 0};
-    QTest::newRow("4") << 4 << QList<int>{4, 4, 4, 2, 2, 2, 2, 2, 2, 2, 2, 0};
-    QTest::newRow("5") << 5 << QList<int>{6, 4, 4, 4, 4, 2, 2, 2, 2, 2, 2, 2, 2, 2, 2, 0};
-    QTest::newRow("no such knee") << 6 << QList<int>{0, 0};
+    // allowances: 0, 1, 2, ... dB away
+    Table<int, QList<int>>()
+        .row("hard", 0, {0, 0})
+        .row("1", 1, {2, 2, 2, 0})
+        .row("2", 2, {2, 2, 2, 2, 2, 0})
+        .row("3", 3, {4, 2, 2, 2, 2, 2, 2, 0})
+        .row("4", 4, {4, 4, 4, 2, 2, 2, 2, 2, 2, 2, 2, 0})
+        .row("5", 5, {6, 4, 4, 4, 4, 2, 2, 2, 2, 2, 2, 2, 2, 2, 2, 0})
+        .row("no such knee", 6, {0, 0});
 }
 
 void tst_DynamicsLaw::kneeLowersWhatIsClose()
 {
-    QFETCH(int, knee);
-    QFETCH(QList<int>, allowances);
+    const auto [knee, allowances] = Table<int, QList<int>>::fetch();
     for (int distance = 0; distance < allowances.size(); ++distance) {
         QCOMPARE(DynamicsLaw::kneeAllowance(0.5, distance, knee), allowances[distance]);
         QCOMPARE(DynamicsLaw::kneeAllowance(1.0, distance, knee), 0);
@@ -117,41 +117,37 @@ void tst_DynamicsLaw::factorsAreTheConsolesDecimals()
 
 void tst_DynamicsLaw::companderIsRaisedByItsReserve_data()
 {
-    QTest::addColumn<int>("threshold");
-    QTest::addColumn<int>("gain");
-    QTest::addColumn<int>("output");
     // Ratio 2:1, input 10 dB above the threshold, gain from 0 to 18 dB.
-    QTest::newRow("full gain") << -300 << 180 << -10;
-    QTest::newRow("5 dB less") << -300 << 130 << -15;
-    QTest::newRow("at most 6 dB down") << -300 << 0 << -28; // -15 + 18, less 25
-    QTest::newRow("the limit of 6 dB") << -200 << 0 << -21;
-    QTest::newRow("at most 18 dB up") << -540 << 180 << -31;
+    Table<int, int, int>()
+        .row("full gain", -300, 180, -10)
+        .row("5 dB less", -300, 130, -15)
+        .row("at most 6 dB down", -300, 0, -28) // -15 + 18, less 25
+        .row("the limit of 6 dB", -200, 0, -21)
+        .row("at most 18 dB up", -540, 180, -31);
 }
 
 void tst_DynamicsLaw::companderIsRaisedByItsReserve()
 {
-    QFETCH(int, threshold);
-    QFETCH(int, gain);
+    const auto [threshold, gain, output] = Table<int, int, int>::fetch();
     const DynamicsLaw law({DynamicsLaw::HardCompander, threshold, 5, 0, gain, 180});
-    QTEST(law.output(threshold / 10 + 10), "output");
+    QCOMPARE(law.output(threshold / 10 + 10), output);
 }
 
 void tst_DynamicsLaw::typesMeanLawsByGroup_data()
 {
-    QTest::addColumn<int>("group");
-    QTest::addColumn<QList<int>>("kinds"); // of the types 0, 1, 2, ...
-    QTest::newRow("first dynamics") << 54 << QList<int>{0, 1, 0, 1, 4};
-    QTest::newRow("second dynamics") << 57 << QList<int>{0, 1, 0, 3, 2, 3, 0, 7};
-    QTest::newRow("mixes") << 81 << QList<int>{0, 1, 0, 1, 2, 3, 6};
-    QTest::newRow("matrices") << 98 << QList<int>{0, 1, 0, 1, 2, 3, 6};
-    QTest::newRow("stereo masters") << 112 << QList<int>{0, 1, 0, 1, 2, 3, 6};
-    QTest::newRow("others") << 3 << QList<int>{0, 1, 2, 3, 4};
+    // kinds: of the types 0, 1, 2, ...
+    Table<int, QList<int>>()
+        .row("first dynamics", 54, {0, 1, 0, 1, 4})
+        .row("second dynamics", 57, {0, 1, 0, 3, 2, 3, 0, 7})
+        .row("mixes", 81, {0, 1, 0, 1, 2, 3, 6})
+        .row("matrices", 98, {0, 1, 0, 1, 2, 3, 6})
+        .row("stereo masters", 112, {0, 1, 0, 1, 2, 3, 6})
+        .row("others", 3, {0, 1, 2, 3, 4});
 }
 
 void tst_DynamicsLaw::typesMeanLawsByGroup()
 {
-    QFETCH(int, group);
-    QFETCH(QList<int>, kinds);
+    const auto [group, kinds] = Table<int, QList<int>>::fetch();
     for (int type = 0; type < kinds.size(); ++type)
         QCOMPARE(DynamicsLaw::kindOf(group, type), kinds[type]);
 }
