@@ -3,6 +3,7 @@
 #include "images/Catalogue.h"
 #include "images/Drawing.h"
 #include "images/KnobGeometry.h"
+#include "tests/support/Table.h"
 
 #include <QHash>
 #include <QTest>
@@ -102,10 +103,6 @@ private slots:
     void ringIsLitFromItsOriginToTheValue_data();
     void ringIsLitFromItsOriginToTheValue();
     void indicatorPointsAtTheValue();
-    void stepperLightsOneMoreTickPerRow();
-    void disabledPictureComesBeforeTheOrdinaryOnes();
-    void densePicturesAreDrawnInTheirOwnDetail();
-    void panelRepeatsWithoutSeam();
 };
 
 void tst_KnobStrip::stripIsMadeOfSeparateCells_data()
@@ -133,28 +130,22 @@ void tst_KnobStrip::stripIsMadeOfSeparateCells()
 
 void tst_KnobStrip::ringIsLitFromItsOriginToTheValue_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("row");
-    QTest::addColumn<double>("from");
-    QTest::addColumn<double>("to");
-    QTest::newRow("minimum") << "knob-amber" << 0 << -135.0 << -135.0;
-    QTest::newRow("a third") << "knob-grey" << 40 << -135.0 << -45.0;
-    QTest::newRow("maximum") << "knob-red" << 120 << -135.0 << 135.0;
-    QTest::newRow("left") << "knob-pan" << 0 << -135.0 << 0.0;
-    QTest::newRow("centre") << "knob-pan" << 60 << 0.0 << 0.0;
-    QTest::newRow("boost") << "knob-eq" << 80 << 0.0 << 45.0;
-    QTest::newRow("few rows") << "knob-att" << 15 << -135.0 << 0.0;
-    QTest::newRow("below a disabled row") << "knob-amber-d" << 41 << -135.0 << -45.0;
-    QTest::newRow("small") << "knob-small-blue" << 80 << -135.0 << 45.0;
-    QTest::newRow("small, right") << "knob-small-pan" << 120 << 0.0 << 135.0;
+    Table<QString, int, double, double>()
+        .row("minimum", "knob-amber", 0, -135.0, -135.0)
+        .row("a third", "knob-grey", 40, -135.0, -45.0)
+        .row("maximum", "knob-red", 120, -135.0, 135.0)
+        .row("left", "knob-pan", 0, -135.0, 0.0)
+        .row("centre", "knob-pan", 60, 0.0, 0.0)
+        .row("boost", "knob-eq", 80, 0.0, 45.0)
+        .row("few rows", "knob-att", 15, -135.0, 0.0)
+        .row("below a disabled row", "knob-amber-d", 41, -135.0, -45.0)
+        .row("small", "knob-small-blue", 80, -135.0, 45.0)
+        .row("small, right", "knob-small-pan", 120, 0.0, 135.0);
 }
 
 void tst_KnobStrip::ringIsLitFromItsOriginToTheValue()
 {
-    QFETCH(QString, name);
-    QFETCH(int, row);
-    QFETCH(double, from);
-    QFETCH(double, to);
+    const auto [name, row, from, to] = Table<QString, int, double, double>::fetch();
     // Nearer to an end of the arc the answer depends on how its edge falls between the pixels.
     constexpr double unclear = 5.0;
     for (int density : artwork::densities) {
@@ -178,65 +169,6 @@ void tst_KnobStrip::indicatorPointsAtTheValue()
             pointerAngle(cellOf(strip, 112, row), 2 * artwork::largeKnob.bodyRadius);
         QVERIFY2(std::abs(seen - expected) < 1.5,
                  qPrintable(QStringLiteral("row %1: %2").arg(row).arg(seen)));
-    }
-}
-
-void tst_KnobStrip::stepperLightsOneMoreTickPerRow()
-{
-    const QImage strip = rendered("knob-stepper", 2);
-    for (int row = 0; row < 24; ++row) {
-        const QImage cell = cellOf(strip, 112, row);
-        int lit = 0;
-        for (int tick = 0; tick < 24; ++tick)
-            lit += isLit(cell, artwork::largeKnob, -135.0 + tick * 270.0 / 23.0) ? 1 : 0;
-        QCOMPARE(lit, row + 1);
-    }
-}
-
-void tst_KnobStrip::disabledPictureComesBeforeTheOrdinaryOnes()
-{
-    const QImage ordinary = rendered("knob-amber", 1);
-    const QImage both = rendered("knob-amber-d", 1);
-    QCOMPARE(both.copy(0, 56, 56, 121 * 56), ordinary);
-    const QImage disabled = cellOf(both, 56, 0);
-    for (int y = 0; y < disabled.height(); ++y) {
-        for (int x = 0; x < disabled.width(); ++x)
-            QVERIFY(qAlpha(disabled.pixel(x, y)) < 255);
-    }
-}
-
-void tst_KnobStrip::densePicturesAreDrawnInTheirOwnDetail()
-{
-    const QImage plain = cellOf(rendered("knob-green", 1), 56, 70);
-    const QImage dense = cellOf(rendered("knob-green", 2), 112, 70);
-    const QImage enlarged =
-        plain.scaled(dense.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    int differing = 0;
-    for (int y = 0; y < dense.height(); ++y) {
-        for (int x = 0; x < dense.width(); ++x)
-            differing += std::abs(qGray(dense.pixel(x, y)) - qGray(enlarged.pixel(x, y))) > 16;
-    }
-    QVERIFY(differing > 500);
-    QVERIFY(isLit(dense, artwork::largeKnob, 10) && isLit(plain, artwork::largeKnob, 10));
-}
-
-void tst_KnobStrip::panelRepeatsWithoutSeam()
-{
-    for (int density : artwork::densities) {
-        const QImage panel = rendered("panel", density);
-        const int last = panel.width() - 1;
-        int inside = 0;
-        int seam = 0;
-        for (int y = 0; y < panel.height(); ++y) {
-            const auto step = [&panel, y](int from, int to) {
-                return std::abs(qGray(panel.pixel(from, y)) - qGray(panel.pixel(to, y)));
-            };
-            seam += step(last, 0);
-            for (int x = 0; x < last; ++x)
-                inside = std::max(inside, step(x, x + 1));
-        }
-        QVERIFY(inside <= 2);
-        QVERIFY(seam <= panel.height() / 2);
     }
 }
 

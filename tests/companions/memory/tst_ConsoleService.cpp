@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/companions/memory/MemoryRig.h"
+#include "tests/support/Table.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -36,26 +37,19 @@ private Q_SLOTS:
 
 void tst_ConsoleService::connectsItsSignals_data()
 {
-    QTest::addColumn<QByteArray>("signal");
-    QTest::addColumn<QByteArray>("slot");
-    QTest::addColumn<bool>("connects");
-    const auto row = [](const char *name, const char *signal, const char *slot, bool connects) {
-        QTest::newRow(name) << QByteArray(signal) << QByteArray(slot) << connects;
-    };
-    row("as the macros write", "2onlineChanged(bool)", "1onlineChange(bool)", true);
-    row("white space", "2 onlineChanged( bool )", "1onlineChange( bool )", true);
-    row("without codes", "frequentServiceEvent()", "plain()", true);
-    row("no such slot", "2onlineChanged(bool)", "1none(bool)", false);
-    row("no such signal", "2none()", "1plain()", false);
-    row("not one of the memory's", "2destroyed()", "1plain()", false);
-    row("a slot that wants more", "2frequentServiceEvent()", "1onlineChange(bool)", false);
+    Table<QByteArray, QByteArray, bool>()
+        .row("as the macros write", "2onlineChanged(bool)", "1onlineChange(bool)", true)
+        .row("white space", "2 onlineChanged( bool )", "1onlineChange( bool )", true)
+        .row("without codes", "frequentServiceEvent()", "plain()", true)
+        .row("no such slot", "2onlineChanged(bool)", "1none(bool)", false)
+        .row("no such signal", "2none()", "1plain()", false)
+        .row("not one of the memory's", "2destroyed()", "1plain()", false)
+        .row("a slot that wants more", "2frequentServiceEvent()", "1onlineChange(bool)", false);
 }
 
 void tst_ConsoleService::connectsItsSignals()
 {
-    QFETCH(QByteArray, signal);
-    QFETCH(QByteArray, slot);
-    QFETCH(bool, connects);
+    const auto [signal, slot, connects] = Table<QByteArray, QByteArray, bool>::fetch();
     Rig rig;
     Receiver receiver;
     const auto set = [&](bool on) {

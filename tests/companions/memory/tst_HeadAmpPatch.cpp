@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/companions/memory/MemoryRig.h"
+#include "tests/support/Table.h"
 
 #include <QtTest>
 
@@ -16,28 +17,21 @@ private Q_SLOTS:
 
 void tst_HeadAmpPatch::findsPhantomPowerByThePatch_data()
 {
-    QTest::addColumn<int>("source");
-    QTest::addColumn<int>("movedUnit");
-    QTest::addColumn<int>("firstSource");
-    QTest::addColumn<int>("host");
-    QTest::addColumn<int>("element");
-    QTest::newRow("first port of unit 0") << 1 << 2 << 17 << 0 << 0;
-    QTest::newRow("last port of unit 1") << 16 << 2 << 17 << 0 << 15;
-    QTest::newRow("unit moved to other sources") << 141 << 2 << 140 << 0 << 17;
-    QTest::newRow("between units") << 17 << 2 << 140 << 0 << -1;
-    QTest::newRow("unit not connected") << 3 << 0 << 0 << 0 << -1;
-    QTest::newRow("not patched") << 0 << 2 << 17 << 0 << -1;
-    QTest::newRow("local source") << 150 << 2 << 17 << 0 << -1;
-    QTest::newRow("operated by another console") << 1 << 2 << 17 << 3 << -1;
+    Table<int, int, int, int, int>()
+        .row("first port of unit 0", 1, 2, 17, 0, 0)
+        .row("last port of unit 1", 16, 2, 17, 0, 15)
+        .row("unit moved to other sources", 141, 2, 140, 0, 17)
+        .row("between units", 17, 2, 140, 0, -1)
+        .row("unit not connected", 3, 0, 0, 0, -1)
+        .row("not patched", 0, 2, 17, 0, -1)
+        .row("local source", 150, 2, 17, 0, -1)
+        .row("operated by another console", 1, 2, 17, 3, -1);
 }
 
 void tst_HeadAmpPatch::findsPhantomPowerByThePatch()
 {
-    QFETCH(int, source);
-    QFETCH(int, movedUnit);
-    QFETCH(int, firstSource);
-    QFETCH(int, host);
-    QFETCH(int, element);
+    const auto [source, movedUnit, firstSource, host, element] =
+        Table<int, int, int, int, int>::fetch();
     Rig rig;
     Probe probe("kInputHA/k48V");
     rig.bind(probe, 20);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/companions/memory/MemoryRig.h"
+#include "tests/support/Table.h"
 
 #include <QElapsedTimer>
 #include <QThread>
@@ -68,19 +69,15 @@ private Q_SLOTS:
 
 void tst_LiveDelivery::packsReadingsIntoSevenBitBytes_data()
 {
-    QTest::addColumn<int>("level");
-    QTest::addColumn<int>("peak");
-    QTest::addColumn<quint32>("bytes");
-    QTest::newRow("silence") << 0 << 0 << 0x00000000U;
-    QTest::newRow("both bytes") << 0x1FF << 129 << 0x037F0101U;
-    QTest::newRow("beyond 14 bits") << 99999 << -5 << 0x7F7F0000U;
+    Table<int, int, quint32>()
+        .row("silence", 0, 0, 0x00000000U)
+        .row("both bytes", 0x1FF, 129, 0x037F0101U)
+        .row("beyond 14 bits", 99999, -5, 0x7F7F0000U);
 }
 
 void tst_LiveDelivery::packsReadingsIntoSevenBitBytes()
 {
-    QFETCH(int, level);
-    QFETCH(int, peak);
-    QFETCH(quint32, bytes);
+    const auto [level, peak, bytes] = Table<int, int, quint32>::fetch();
     MeterRig rig;
     Probe probe(Meter);
     rig.bind(probe, 2);

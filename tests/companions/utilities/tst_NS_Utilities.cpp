@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "interfaces/utilities/NS_Utilities.h"
+#include "tests/support/Table.h"
 
 #include <QFile>
 #include <QImage>
@@ -30,7 +31,6 @@ public:
 
 private Q_SLOTS:
     void theMainThreadIsTheApplicationsOne();
-    void askingForTheThreadCostsNanoseconds();
     void theDensestFittingVersionIsChosen_data();
     void theDensestFittingVersionIsChosen();
     void aLoadedPictureKnowsItsRatio();
@@ -49,43 +49,23 @@ void TestUtilities::theMainThreadIsTheApplicationsOne()
     QVERIFY(!elsewhere);
 }
 
-void TestUtilities::askingForTheThreadCostsNanoseconds()
-{
-    constexpr int Rounds = 1'000'000;
-    int yes = 0;
-    QElapsedTimer clock;
-    clock.start();
-    for (int i = 0; i < Rounds; ++i)
-        yes += NS_Utilities::mainThreadRunning();
-    const double each = double(clock.nsecsElapsed()) / Rounds;
-    QCOMPARE(yes, Rounds);
-    // Far above what it takes, so that a loaded machine and sanitizers pass, and far below a lock or
-    // a system call.
-    QVERIFY2(each < 200, qPrintable(QString::number(each)));
-}
-
 void TestUtilities::theDensestFittingVersionIsChosen_data()
 {
-    QTest::addColumn<QStringList>("present");
-    QTest::addColumn<qreal>("scale");
-    QTest::addColumn<QString>("expected");
-
     const QStringList all{"a.b.png", "a.b@2x.png", "a.b@3x.png"};
-    QTest::newRow("plain screen") << all << 1.0 << "a.b.png";
-    QTest::newRow("fractional scale") << all << 1.25 << "a.b@2x.png";
-    QTest::newRow("double scale") << all << 2.0 << "a.b@2x.png";
-    QTest::newRow("beyond double") << all << 2.5 << "a.b@3x.png";
-    QTest::newRow("beyond all versions") << all << 4.0 << "a.b@3x.png";
-    QTest::newRow("next best below") << QStringList{"a.b.png", "a.b@2x.png"} << 3.0 << "a.b@2x.png";
-    QTest::newRow("only the plain one") << QStringList{"a.b.png"} << 2.0 << "a.b.png";
-    QTest::newRow("no suffix, dotted folder") << QStringList{"knob", "knob@2x"} << 2.0 << "knob@2x";
+    Table<QStringList, qreal, QString>()
+        .row("plain screen", all, 1.0, "a.b.png")
+        .row("fractional scale", all, 1.25, "a.b@2x.png")
+        .row("double scale", all, 2.0, "a.b@2x.png")
+        .row("beyond double", all, 2.5, "a.b@3x.png")
+        .row("beyond all versions", all, 4.0, "a.b@3x.png")
+        .row("next best below", {"a.b.png", "a.b@2x.png"}, 3.0, "a.b@2x.png")
+        .row("only the plain one", {"a.b.png"}, 2.0, "a.b.png")
+        .row("no suffix, dotted folder", {"knob", "knob@2x"}, 2.0, "knob@2x");
 }
 
 void TestUtilities::theDensestFittingVersionIsChosen()
 {
-    QFETCH(QStringList, present);
-    QFETCH(qreal, scale);
-    QFETCH(QString, expected);
+    const auto [present, scale, expected] = Table<QStringList, qreal, QString>::fetch();
 
     const QTemporaryDir folder(QDir::tempPath() + "/pictures.XXXXXX");
     for (const QString &name : present) {
@@ -121,23 +101,20 @@ void TestUtilities::aMissingPictureWarnsOnce()
 
 void TestUtilities::greyHasTheLuminanceHalfWayToTheMiddle_data()
 {
-    QTest::addColumn<QColor>("colour");
-    QTest::addColumn<int>("grey");
-
-    QTest::newRow("black") << QColor(0, 0, 0) << 64;
-    QTest::newRow("white") << QColor(255, 255, 255) << 191;
-    QTest::newRow("middle stays") << QColor(128, 128, 128) << 128;
-    QTest::newRow("red") << QColor(255, 0, 0) << 91;
-    QTest::newRow("green is lightest") << QColor(0, 255, 0) << 155;
-    QTest::newRow("blue is darkest") << QColor(0, 0, 255) << 73;
-    QTest::newRow("half transparent white") << QColor(255, 255, 255, 128) << 191;
-    QTest::newRow("half transparent black") << QColor(0, 0, 0, 128) << 64;
+    Table<QColor, int>()
+        .row("black", QColor(0, 0, 0), 64)
+        .row("white", QColor(255, 255, 255), 191)
+        .row("middle stays", QColor(128, 128, 128), 128)
+        .row("red", QColor(255, 0, 0), 91)
+        .row("green is lightest", QColor(0, 255, 0), 155)
+        .row("blue is darkest", QColor(0, 0, 255), 73)
+        .row("half transparent white", QColor(255, 255, 255, 128), 191)
+        .row("half transparent black", QColor(0, 0, 0, 128), 64);
 }
 
 void TestUtilities::greyHasTheLuminanceHalfWayToTheMiddle()
 {
-    QFETCH(QColor, colour);
-    QFETCH(int, grey);
+    const auto [colour, grey] = Table<QColor, int>::fetch();
 
     QPixmap picture(3, 2);
     picture.fill(colour);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "interfaces/utilities/NS_Utilities.h"
+#include "tests/support/Table.h"
 
 #include <QImage>
 #include <QPainter>
@@ -137,32 +138,22 @@ void TestPartialPixmap::cellsSideBySideMeetWithoutSeamOrOverlap()
 
 void TestPartialPixmap::theRectangleOfACell_data()
 {
-    QTest::addColumn<QPoint>("cell");
-    QTest::addColumn<QSize>("picture");
-    QTest::addColumn<QSize>("grid");
-    QTest::addColumn<QRect>("expected");
-
-    QTest::newRow("x is the column")
-        << QPoint(2, 1) << QSize(30, 40) << Grid << QRect(20, 10, 10, 10);
-    QTest::newRow("negative column")
-        << QPoint(-1, 3) << QSize(30, 40) << Grid << QRect(0, 30, 10, 10);
-    QTest::newRow("remainder is left over")
-        << QPoint(1, 1) << QSize(32, 43) << Grid << QRect(10, 10, 10, 10);
-    QTest::newRow("column too high") << QPoint(3, 0) << QSize(30, 40) << Grid << QRect();
-    QTest::newRow("row too high") << QPoint(0, 4) << QSize(30, 40) << Grid << QRect();
-    QTest::newRow("negative row") << QPoint(0, -1) << QSize(30, 40) << Grid << QRect();
-    QTest::newRow("no columns") << QPoint(0, 0) << QSize(30, 40) << QSize(0, 4) << QRect();
-    QTest::newRow("negative rows") << QPoint(0, 0) << QSize(30, 40) << QSize(3, -4) << QRect();
-    QTest::newRow("less than a pixel a cell") << QPoint(0, 0) << QSize(2, 40) << Grid << QRect();
-    QTest::newRow("null picture") << QPoint(0, 0) << QSize() << Grid << QRect();
+    Table<QPoint, QSize, QSize, QRect>()
+        .row("x is the column", QPoint(2, 1), QSize(30, 40), Grid, QRect(20, 10, 10, 10))
+        .row("negative column", QPoint(-1, 3), QSize(30, 40), Grid, QRect(0, 30, 10, 10))
+        .row("remainder is left over", QPoint(1, 1), QSize(32, 43), Grid, QRect(10, 10, 10, 10))
+        .row("column too high", QPoint(3, 0), QSize(30, 40), Grid, QRect())
+        .row("row too high", QPoint(0, 4), QSize(30, 40), Grid, QRect())
+        .row("negative row", QPoint(0, -1), QSize(30, 40), Grid, QRect())
+        .row("no columns", QPoint(0, 0), QSize(30, 40), QSize(0, 4), QRect())
+        .row("negative rows", QPoint(0, 0), QSize(30, 40), QSize(3, -4), QRect())
+        .row("less than a pixel a cell", QPoint(0, 0), QSize(2, 40), Grid, QRect())
+        .row("null picture", QPoint(0, 0), QSize(), Grid, QRect());
 }
 
 void TestPartialPixmap::theRectangleOfACell()
 {
-    QFETCH(QPoint, cell);
-    QFETCH(QSize, picture);
-    QFETCH(QSize, grid);
-    QFETCH(QRect, expected);
+    const auto [cell, picture, grid, expected] = Table<QPoint, QSize, QSize, QRect>::fetch();
 
     QCOMPARE(NS_Utilities::partialPixmapRect(cell, QPixmap(picture), grid), expected);
 }

@@ -112,34 +112,28 @@ private Q_SLOTS:
 
 void tst_CPullDownMenu::showsTheListInItsOrderOrSorted_data()
 {
-    QTest::addColumn<QString>("list");
-    QTest::addColumn<bool>("sorted");
-    QTest::addColumn<QStringList>("lines");
-    const auto row = [](const char *name, const char *list, bool sorted, const QStringList &lines) {
-        QTest::newRow(name) << QString::fromUtf8(list) << sorted << lines;
-    };
-    row("as given", "Low;Mid;High", false, {"Low", "Mid", "High"});
-    row("empty parts", ";;Low;;High;", false, {"Low", "High"});
-    row("ampersands", "A&B;&&", false, {"A&&B", "&&&&"});
-    row("tabs and line breaks", "A\tB;C\nD", false, {"A B", "C D"});
-    row("numbers", "10;2;33", true, {"2", "10", "33"});
-    row("descending numbers", "3;2;1", true, {"1", "2", "3"});
-    row("negative and equal numbers", "5;-3;5", true, {"-3", "5", "5"});
-    row("no plain decimals", "07;10; 3;2;+1;zero;0", true,
-        {"0", "2", "10", "07", " 3", "+1", "zero"});
-    row("beyond an integer", "99999999999;4", true, {"4", "99999999999"});
+    Table<QString, bool, QStringList>()
+        .row("as given", "Low;Mid;High", false, {"Low", "Mid", "High"})
+        .row("empty parts", ";;Low;;High;", false, {"Low", "High"})
+        .row("ampersands", "A&B;&&", false, {"A&&B", "&&&&"})
+        .row("tabs and line breaks", "A\tB;C\nD", false, {"A B", "C D"})
+        .row("numbers", "10;2;33", true, {"2", "10", "33"})
+        .row("descending numbers", "3;2;1", true, {"1", "2", "3"})
+        .row("negative and equal numbers", "5;-3;5", true, {"-3", "5", "5"})
+        .row("no plain decimals", "07;10; 3;2;+1;zero;0", true,
+             {"0", "2", "10", "07", " 3", "+1", "zero"})
+        .row("beyond an integer", "99999999999;4", true, {"4", "99999999999"});
 }
 
 void tst_CPullDownMenu::showsTheListInItsOrderOrSorted()
 {
-    QFETCH(QString, list);
-    QFETCH(bool, sorted);
+    const auto [list, sorted, lines] = Table<QString, bool, QStringList>::fetch();
     Rig rig(list, 0, 0, sorted);
-    QTEST(rig.lines(), "lines");
+    QCOMPARE(rig.lines(), lines);
     // The order of the properties in a form does not matter.
     Rig late(list);
     late.widget->setSorted(sorted);
-    QTEST(late.lines(), "lines");
+    QCOMPARE(late.lines(), lines);
 }
 
 void tst_CPullDownMenu::valuesWithoutAnItemLeaveTheDisplay_data()
