@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "console/TransportClock.h"
+#include "tests/support/Table.h"
 
 #include <QTest>
 
@@ -15,23 +16,20 @@ private Q_SLOTS:
 
 void TestTransportClock::countsThirtyFramesASecond_data()
 {
-    QTest::addColumn<int>("milliseconds");
-    QTest::addColumn<QString>("expected");
-
-    QTest::newRow("start") << 0 << "0:0:0.0";
-    QTest::newRow("still the first frame") << 33 << "0:0:0.0";
-    QTest::newRow("second frame") << 34 << "0:0:0.1";
-    QTest::newRow("last frame of a second") << 999 << "0:0:0.29";
-    QTest::newRow("second") << 1000 << "0:0:1.0";
-    QTest::newRow("hour") << 3'600'000 << "1:0:0.0";
-    QTest::newRow("last frame of a day") << 86'399'999 << "23:59:59.29";
-    QTest::newRow("around") << 86'400'000 << "0:0:0.0";
+    Table<int, QString>()
+        .row("start", 0, "0:0:0.0")
+        .row("still the first frame", 33, "0:0:0.0")
+        .row("second frame", 34, "0:0:0.1")
+        .row("last frame of a second", 999, "0:0:0.29")
+        .row("second", 1000, "0:0:1.0")
+        .row("hour", 3'600'000, "1:0:0.0")
+        .row("last frame of a day", 86'399'999, "23:59:59.29")
+        .row("around", 86'400'000, "0:0:0.0");
 }
 
 void TestTransportClock::countsThirtyFramesASecond()
 {
-    QFETCH(int, milliseconds);
-    QFETCH(QString, expected);
+    const auto [milliseconds, expected] = Table<int, QString>::fetch();
 
     TransportClock clock;
     clock.advance(milliseconds);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The program as its users start it: its files, exit status and messages.
+#include "tests/support/Table.h"
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -106,16 +107,12 @@ void TestEditorProgram::picturesLeaveTheOperatorsFilesAlone()
 
 void TestEditorProgram::scaledScreensHaveMorePixels_data()
 {
-    QTest::addColumn<QString>("scale");
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("1.25") << "1.25" << QSize(1250, 875);
-    QTest::newRow("2") << "2" << QSize(2000, 1400);
+    Table<QString, QSize>().row("1.25", "1.25", QSize(1250, 875)).row("2", "2", QSize(2000, 1400));
 }
 
 void TestEditorProgram::scaledScreensHaveMorePixels()
 {
-    QFETCH(QString, scale);
-    QFETCH(QSize, size);
+    const auto [scale, size] = Table<QString, QSize>::fetch();
     const Run made = run({"--screens", path(scale), "--scale", scale, "--size", "1000x700"});
     QCOMPARE(made.status, 0);
     const QImage drawn(path(scale + "/masters.png"));
@@ -141,35 +138,30 @@ void TestEditorProgram::faultyFormIsToldAndTheRestIsDrawn()
 
 void TestEditorProgram::failureIsOneLineAndStatusOne_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("tells");
     const QString broken = write("broken.json", "{\"name\": 1, ");
     const QString file = write("file", "in the way");
     const QString screens = path("failing");
-    QTest::newRow("model missing")
-        << QStringList({"--screens", screens, "--model", path("no.json")}) << "no.json";
-    QTest::newRow("model broken") << QStringList({"--screens", screens, "--model", broken})
-                                  << "broken.json";
-    QTest::newRow("option unknown") << QStringList("--loud") << "loud";
-    QTest::newRow("scale unusable") << QStringList({"--screens", screens, "--scale", "0"}) << "0";
-    QTest::newRow("JSON of nothing") << QStringList("--json") << "--check";
-    QTest::newRow("soak of no time") << QStringList({"--soak", "nan"}) << "nan";
-    QTest::newRow("recording missing") << QStringList({"--replay", path("no")}) << "no";
-    QTest::newRow("recording of something else")
-        << QStringList({"--replay", broken}) << "no recording";
-    QTest::newRow("recording cannot be written")
-        << QStringList({"--soak", "1", "--record", file + "/in"}) << "file/in";
-    QTest::newRow("seed unusable") << QStringList({"--soak", "1", "--seed", "-1"}) << "-1";
-    QTest::newRow("reference cannot be written")
-        << QStringList({"--classes", file + "/in"}) << "file/in";
-    QTest::newRow("folder cannot be made") << QStringList({"--screens", file + "/in"}) << "file/in";
-    QTest::newRow("no display") << QStringList() << "--screens";
+    Table<QStringList, QString>()
+        .row("model missing", QStringList({"--screens", screens, "--model", path("no.json")}),
+             "no.json")
+        .row("model broken", QStringList({"--screens", screens, "--model", broken}), "broken.json")
+        .row("option unknown", QStringList("--loud"), "loud")
+        .row("scale unusable", QStringList({"--screens", screens, "--scale", "0"}), "0")
+        .row("JSON of nothing", QStringList("--json"), "--check")
+        .row("soak of no time", QStringList({"--soak", "nan"}), "nan")
+        .row("recording missing", QStringList({"--replay", path("no")}), "no")
+        .row("recording of something else", QStringList({"--replay", broken}), "no recording")
+        .row("recording cannot be written", QStringList({"--soak", "1", "--record", file + "/in"}),
+             "file/in")
+        .row("seed unusable", QStringList({"--soak", "1", "--seed", "-1"}), "-1")
+        .row("reference cannot be written", QStringList({"--classes", file + "/in"}), "file/in")
+        .row("folder cannot be made", QStringList({"--screens", file + "/in"}), "file/in")
+        .row("no display", QStringList(), "--screens");
 }
 
 void TestEditorProgram::failureIsOneLineAndStatusOne()
 {
-    QFETCH(QStringList, arguments);
-    QFETCH(QString, tells);
+    const auto [arguments, tells] = Table<QStringList, QString>::fetch();
     const Run made = run(arguments);
     QCOMPARE(made.status, 1);
     QVERIFY2(made.errors.size() == 1, qPrintable(made.errors.join('\n')));
@@ -192,10 +184,6 @@ void TestEditorProgram::shippedFormsHaveNoFaults()
 
 void TestEditorProgram::faultsOfFormsAreToldWithAStatus_data()
 {
-    QTest::addColumn<QStringList>("forms");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QStringList>("lines");
-    QTest::addColumn<int>("findings");
     const QString faulty =
         write("faulty.ui", "<ui version=\"4.0\">\n<widget class=\"CDial\" name=\"gain\">\n"
                            "<property name=\"accessibleName\"><string>Gain</string></property>\n"
@@ -205,19 +193,17 @@ void TestEditorProgram::faultsOfFormsAreToldWithAStatus_data()
     const QString told = faulty
                          + ":4: widget 'gain', property 'namedAddress': no parameter "
                            "\"kInputHA/kGian\"; the nearest is \"kInputHA/kGain\"";
-    QTest::newRow("fault") << QStringList(faulty) << 1 << QStringList(told) << 1;
-    QTest::newRow("twice") << QStringList({faulty, faulty}) << 1 << QStringList(told) << 1;
-    QTest::newRow("unreadable, too")
-        << QStringList({faulty, broken, path("no.ui")}) << 2
-        << QStringList({told, broken + ":2: ", path("no.ui") + ": cannot be read: "}) << 3;
+    Table<QStringList, int, QStringList, int>()
+        .row("fault", QStringList(faulty), 1, QStringList(told), 1)
+        .row("twice", QStringList({faulty, faulty}), 1, QStringList(told), 1)
+        .row("unreadable, too", QStringList({faulty, broken, path("no.ui")}), 2,
+             QStringList({told, broken + ":2: ", path("no.ui") + ": cannot be read: "}), 3);
 }
 
 void TestEditorProgram::faultsOfFormsAreToldWithAStatus()
 {
-    QFETCH(QStringList, forms);
-    QFETCH(int, status);
-    QFETCH(QStringList, lines);
-    QFETCH(int, findings);
+    const auto [forms, status, lines, findings] =
+        Table<QStringList, int, QStringList, int>::fetch();
     const Run text = run(QStringList("--check") + forms);
     QCOMPARE(text.status, status);
     QCOMPARE(text.errors, QStringList());

@@ -2,6 +2,7 @@
 // The patch screens on the real memory: what the operator patches, reads and takes back.
 #include "tests/editor/EditorRig.h"
 #include "tests/support/PaintWatch.h"
+#include "tests/support/Table.h"
 #include "widgets/lists/CGrid.h"
 #include "widgets/lists/GridPanel.h"
 
@@ -50,32 +51,17 @@ private:
 
 void TestPatchScreens::aClickPatchesAndIsOneUndoStep_data()
 {
-    QTest::addColumn<QString>("screen");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("parameter");
-    QTest::addColumn<int>("element");
-    QTest::addColumn<int>("before");
-    QTest::addColumn<int>("after");
     // Row 2, column 5.
-    QTest::newRow("input") << "input-patch"
-                           << "Input patch"
-                           << "kPatchInInput/kPatchIn" << 2 << 3 << 6;
-    QTest::newRow("mixes") << "bus-patch"
-                           << "Mix assign"
-                           << "kInputAssign/kMixMask" << 5 << 0 << 4;
-    QTest::newRow("outputs") << "bus-patch"
-                             << "Output patch"
-                             << "kPatchOutOmni/kPatchOut" << 2 << 51 << 54;
+    Table<QString, QString, QString, int, int, int>()
+        .row("input", "input-patch", "Input patch", "kPatchInInput/kPatchIn", 2, 3, 6)
+        .row("mixes", "bus-patch", "Mix assign", "kInputAssign/kMixMask", 5, 0, 4)
+        .row("outputs", "bus-patch", "Output patch", "kPatchOutOmni/kPatchOut", 2, 51, 54);
 }
 
 void TestPatchScreens::aClickPatchesAndIsOneUndoStep()
 {
-    QFETCH(QString, screen);
-    QFETCH(QString, name);
-    QFETCH(QString, parameter);
-    QFETCH(int, element);
-    QFETCH(int, before);
-    QFETCH(int, after);
+    const auto [screen, name, parameter, element, before, after] =
+        Table<QString, QString, QString, int, int, int>::fetch();
     CGrid *patch = grid(screen, name);
     const int steps = stack().count();
     QCOMPARE(m_rig.value(parameter, element), before);
@@ -114,32 +100,19 @@ void TestPatchScreens::bulkOperationsAreOneUndoStepEach()
 
 void TestPatchScreens::aChangeFromElsewhereIsPaintedWithoutBeingAsked_data()
 {
-    QTest::addColumn<QString>("screen");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("parameter");
-    QTest::addColumn<int>("element");
-    QTest::addColumn<int>("value");
-    QTest::addColumn<QPoint>("cell");
     // Far from the first channel, whose address is the grid's own.
-    QTest::newRow("input") << "input-patch"
-                           << "Input patch"
-                           << "kPatchInInput/kPatchIn" << 40 << 12 << QPoint(11, 40);
-    QTest::newRow("mixes") << "bus-patch"
-                           << "Mix assign"
-                           << "kInputAssign/kMixMask" << 30 << 4 << QPoint(30, 2);
-    QTest::newRow("outputs") << "bus-patch"
-                             << "Output patch"
-                             << "kPatchOutOmni/kPatchOut" << 4 << 60 << QPoint(11, 4);
+    Table<QString, QString, QString, int, int, QPoint>()
+        .row("input", "input-patch", "Input patch", "kPatchInInput/kPatchIn", 40, 12,
+             QPoint(11, 40))
+        .row("mixes", "bus-patch", "Mix assign", "kInputAssign/kMixMask", 30, 4, QPoint(30, 2))
+        .row("outputs", "bus-patch", "Output patch", "kPatchOutOmni/kPatchOut", 4, 60,
+             QPoint(11, 4));
 }
 
 void TestPatchScreens::aChangeFromElsewhereIsPaintedWithoutBeingAsked()
 {
-    QFETCH(QString, screen);
-    QFETCH(QString, name);
-    QFETCH(QString, parameter);
-    QFETCH(int, element);
-    QFETCH(int, value);
-    QFETCH(QPoint, cell);
+    const auto [screen, name, parameter, element, value, cell] =
+        Table<QString, QString, QString, int, int, QPoint>::fetch();
     CGrid *patch = grid(screen, name);
     IMemAPI::TSingleBaseAddress at;
     QVERIFY(m_rig.memory.resolve(parameter, element, at));

@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: MIT
 // The commands: rows, order, questions, messages, progress.
 #include "tests/support/LibraryRig.h"
+#include "tests/support/Table.h"
 
 #include <QSignalSpy>
 
 namespace {
 
 using Command = void (CListWidge::*)();
+const Command store = &CListWidge::Store;
+const Command recall = &CListWidge::Recall;
+const Command clear = &CListWidge::Clear;
+const Command protect = &CListWidge::Protect;
 
 const QString AskStore1 = "Confirmation: Store to Scene 1 #001? [Yes No*]";
 const QString AskStore3 = "Confirmation: Store to Scene 3 #003? [Yes No*]";
@@ -50,70 +55,50 @@ private Q_SLOTS:
 
 void TestCListWidge::commandAsksWorksAndTells_data()
 {
-    QTest::addColumn<QString>("states");
-    QTest::addColumn<QList<int>>("selected");
-    QTest::addColumn<Command>("command");
-    QTest::addColumn<QList<Answers::Answer>>("answers");
-    QTest::addColumn<QStringList>("calls");
-    QTest::addColumn<QStringList>("boxes");
-
     using A = Answers;
-    using List = QList<A::Answer>;
-    const auto add = [](const char *name, const char *states, const QList<int> &selected,
-                        Command command, const List &answers, const QStringList &calls,
-                        const QStringList &boxes) {
-        QTest::newRow(name) << states << selected << command << answers << calls << boxes;
-    };
-    const Command store = &CListWidge::Store;
-    const Command recall = &CListWidge::Recall;
-    const Command clear = &CListWidge::Clear;
-    const Command protect = &CListWidge::Protect;
     const QStringList none;
-
-    add("store in list order", "d-d-", {3, 1, 4}, store, {}, {"store 1", "store 3", "store 4"}, {});
-    add("store nothing", "d-d-", {}, store, {}, none, {});
-    // Upper case: the preference that makes the command ask is set.
-    add("store asks", "D", {1}, store, {A::yes()}, {"store 1"}, {AskStore1});
-    add("store, no", "D", {1}, store, {A::no()}, none, {AskStore1});
-    add("store, Escape is no", "D", {1}, store, {A::press(Qt::Key_Escape)}, none, {AskStore1});
-    add("store, Return is no", "D", {1}, store, {A::press(Qt::Key_Return)}, none, {AskStore1});
-    add("no skips that row only", "D-D", {1, 2, 3}, store, {A::no(), A::yes(), A::yes()},
-        {"store 2", "store 3"}, {AskStore1, "Confirmation: Store to  #002? [Yes No*]", AskStore3});
-    add("store fails and goes on", "xd", {1, 2}, store, {A::ok()}, {"store 1", "store 2"},
-        {"Error: slot 1 is broken [OK*]"});
-
-    add("recall the first in list order", "-ddd", {4, 3, 2}, recall, {}, {"recall 2"}, {});
-    add("recall nothing", "dd", {}, recall, {}, none, {});
-    add("recall asks", "D", {1}, recall, {A::yes()}, {"recall 1"},
-        {"Confirmation: Recall from Scene 1 #001? [Yes No*]"});
-    add("recall, no", "D", {1}, recall, {A::no()}, none,
-        {"Confirmation: Recall from Scene 1 #001? [Yes No*]"});
-    add("recall fails under the product's name", "x", {1}, recall, {A::ok()}, {"recall 1"},
-        {"TV9K: slot 1 is broken [OK*]"});
-
-    add("clear asks first", "dd", {1, 2}, clear, {A::yes()}, {"clear 1", "clear 2"}, {AskClear});
-    add("clear, no", "dd", {1, 2}, clear, {A::no()}, none, {AskClear});
-    add("clear nothing asks all the same", "dd", {}, clear, {A::yes()}, none, {AskClear});
-    add("clear leaves protected and empty rows", "dp-r", {1, 2, 3, 4}, clear, {A::yes()},
-        {"clear 1", "clear 4"}, {AskClear});
-    add("clear fails silently", "xd", {1, 2}, clear, {A::yes()}, {"clear 1", "clear 2"},
-        {AskClear});
-
-    add("protect", "d-d", {1, 2, 3}, protect, {}, {"protect 1", "protect 3"}, {});
-    add("one protected row: unprotect that", "dpd", {1, 2, 3}, protect, {}, {"protect 2"}, {});
-    add("protected rows elsewhere do not count", "dpd", {1, 3}, protect, {},
-        {"protect 1", "protect 3"}, {});
-    add("protect fails silently", "xd", {1, 2}, protect, {}, {"protect 1", "protect 2"}, {});
+    Table<QString, QList<int>, Command, QList<Answers::Answer>, QStringList, QStringList>()
+        .row("store in list order", "d-d-", {3, 1, 4}, store, {}, {"store 1", "store 3", "store 4"},
+             {})
+        .row("store nothing", "d-d-", {}, store, {}, none, {})
+        // Upper case: the preference that makes the command ask is set.
+        .row("store asks", "D", {1}, store, {A::yes()}, {"store 1"}, {AskStore1})
+        .row("store, no", "D", {1}, store, {A::no()}, none, {AskStore1})
+        .row("store, Escape is no", "D", {1}, store, {A::press(Qt::Key_Escape)}, none, {AskStore1})
+        .row("store, Return is no", "D", {1}, store, {A::press(Qt::Key_Return)}, none, {AskStore1})
+        .row("no skips that row only", "D-D", {1, 2, 3}, store, {A::no(), A::yes(), A::yes()},
+             {"store 2", "store 3"},
+             {AskStore1, "Confirmation: Store to  #002? [Yes No*]", AskStore3})
+        .row("store fails and goes on", "xd", {1, 2}, store, {A::ok()}, {"store 1", "store 2"},
+             {"Error: slot 1 is broken [OK*]"})
+        .row("recall the first in list order", "-ddd", {4, 3, 2}, recall, {}, {"recall 2"}, {})
+        .row("recall nothing", "dd", {}, recall, {}, none, {})
+        .row("recall asks", "D", {1}, recall, {A::yes()}, {"recall 1"},
+             {"Confirmation: Recall from Scene 1 #001? [Yes No*]"})
+        .row("recall, no", "D", {1}, recall, {A::no()}, none,
+             {"Confirmation: Recall from Scene 1 #001? [Yes No*]"})
+        .row("recall fails under the product's name", "x", {1}, recall, {A::ok()}, {"recall 1"},
+             {"TV9K: slot 1 is broken [OK*]"})
+        .row("clear asks first", "dd", {1, 2}, clear, {A::yes()}, {"clear 1", "clear 2"},
+             {AskClear})
+        .row("clear, no", "dd", {1, 2}, clear, {A::no()}, none, {AskClear})
+        .row("clear nothing asks all the same", "dd", {}, clear, {A::yes()}, none, {AskClear})
+        .row("clear leaves protected and empty rows", "dp-r", {1, 2, 3, 4}, clear, {A::yes()},
+             {"clear 1", "clear 4"}, {AskClear})
+        .row("clear fails silently", "xd", {1, 2}, clear, {A::yes()}, {"clear 1", "clear 2"},
+             {AskClear})
+        .row("protect", "d-d", {1, 2, 3}, protect, {}, {"protect 1", "protect 3"}, {})
+        .row("one protected row: unprotect that", "dpd", {1, 2, 3}, protect, {}, {"protect 2"}, {})
+        .row("protected rows elsewhere do not count", "dpd", {1, 3}, protect, {},
+             {"protect 1", "protect 3"}, {})
+        .row("protect fails silently", "xd", {1, 2}, protect, {}, {"protect 1", "protect 2"}, {});
 }
 
 void TestCListWidge::commandAsksWorksAndTells()
 {
-    QFETCH(QString, states);
-    QFETCH(QList<int>, selected);
-    QFETCH(Command, command);
-    QFETCH(QList<Answers::Answer>, answers);
-    QFETCH(QStringList, calls);
-    QFETCH(QStringList, boxes);
+    const auto [states, selected, command, answers, calls, boxes] =
+        Table<QString, QList<int>, Command, QList<Answers::Answer>, QStringList,
+              QStringList>::fetch();
     ListRig rig(QString(states).replace('x', 'd').toLower());
     if (states.contains('D')) {
         rig.library.memory.preferenceValues = {{IPreferences::ConfirmStore, true},
@@ -133,23 +118,20 @@ void TestCListWidge::commandAsksWorksAndTells()
 
 void TestCListWidge::preferenceIsFalseUnlessItHoldsYes_data()
 {
-    QTest::addColumn<bool>("hasMemory");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<bool>("expected");
-    QTest::newRow("yes") << true << QVariant(true) << true;
-    QTest::newRow("no") << true << QVariant(false) << false;
-    QTest::newRow("no value") << true << QVariant() << false;
-    QTest::newRow("no memory") << false << QVariant(true) << false;
+    Table<bool, QVariant, bool>()
+        .row("yes", true, QVariant(true), true)
+        .row("no", true, QVariant(false), false)
+        .row("no value", true, QVariant(), false)
+        .row("no memory", false, QVariant(true), false);
 }
 
 void TestCListWidge::preferenceIsFalseUnlessItHoldsYes()
 {
-    QFETCH(bool, hasMemory);
-    QFETCH(QVariant, value);
+    const auto [hasMemory, value, expected] = Table<bool, QVariant, bool>::fetch();
     ListRig rig("d");
     rig.row(1)->hasMemory = hasMemory;
     rig.library.memory.preferenceValues[IPreferences::ConfirmRecall] = value;
-    QTEST(rig.list->getPreference(IPreferences::ConfirmRecall, rig.row(1)), "expected");
+    QCOMPARE(rig.list->getPreference(IPreferences::ConfirmRecall, rig.row(1)), expected);
     QVERIFY(!rig.list->getPreference(IPreferences::ConfirmStore, rig.row(1)));
     QVERIFY(!rig.list->getPreference(IPreferences::ConfirmRecall, nullptr));
 }
@@ -171,21 +153,16 @@ void TestCListWidge::titlesInQuestionsArePlainText()
 
 void TestCListWidge::everyChangedRowIsShownAnewAndTold_data()
 {
-    QTest::addColumn<Command>("command");
-    QTest::addColumn<QList<int>>("shown");
-    const Command store = &CListWidge::Store;
-    const Command recall = &CListWidge::Recall;
-    const Command clear = &CListWidge::Clear;
-    const Command protect = &CListWidge::Protect;
-    QTest::newRow("store, the failed one not") << store << QList<int>{1, 3};
-    QTest::newRow("recall") << recall << QList<int>{1};
-    QTest::newRow("clear, the failed one too") << clear << QList<int>{1, 2, 3};
-    QTest::newRow("protect, the failed one too") << protect << QList<int>{1, 2, 3};
+    Table<Command, QList<int>>()
+        .row("store, the failed one not", store, {1, 3})
+        .row("recall", recall, {1})
+        .row("clear, the failed one too", clear, {1, 2, 3})
+        .row("protect, the failed one too", protect, {1, 2, 3});
 }
 
 void TestCListWidge::everyChangedRowIsShownAnewAndTold()
 {
-    QFETCH(Command, command);
+    const auto [command, shown] = Table<Command, QList<int>>::fetch();
     struct Watched : CListWidge
     {
         void repaintItem_Polymorphic(CListWidgeItem *row) override
@@ -206,31 +183,24 @@ void TestCListWidge::everyChangedRowIsShownAnewAndTold()
     Answers operatorSays(
         {Answers::click(command == &CListWidge::Clear ? QMessageBox::Yes : QMessageBox::Ok)});
     (rig.list->*command)();
-    QTEST(watched->shown, "shown");
+    QCOMPARE(watched->shown, shown);
     QCOMPARE(told.size(), watched->shown.size());
     QCOMPARE(dataChanged.size(), watched->shown.size());
 }
 
 void TestCListWidge::progressGoesThroughSeveralRows_data()
 {
-    QTest::addColumn<Command>("command");
-    QTest::addColumn<QString>("label");
-    QTest::addColumn<QStringList>("steps");
-    const Command store = &CListWidge::Store;
-    const Command clear = &CListWidge::Clear;
-    const Command protect = &CListWidge::Protect;
-    QTest::newRow("store") << store << "Storing library slot #%1"
-                           << QStringList{"1: 1 of 4", "2: 2 of 4", "4: 3 of 4"};
-    QTest::newRow("clear: the empty row counts")
-        << clear << "Clearing library slot #%1" << QStringList{"1: 1 of 4", "4: 3 of 4"};
-    QTest::newRow("protect: the empty row is passed over")
-        << protect << "Protecting library slot #%1" << QStringList{"1: 1 of 4", "4: 2 of 4"};
+    Table<Command, QString, QStringList>()
+        .row("store", store, "Storing library slot #%1", {"1: 1 of 4", "2: 2 of 4", "4: 3 of 4"})
+        .row("clear: the empty row counts", clear, "Clearing library slot #%1",
+             {"1: 1 of 4", "4: 3 of 4"})
+        .row("protect: the empty row is passed over", protect, "Protecting library slot #%1",
+             {"1: 1 of 4", "4: 2 of 4"});
 }
 
 void TestCListWidge::progressGoesThroughSeveralRows()
 {
-    QFETCH(Command, command);
-    QFETCH(QString, label);
+    const auto [command, label, expected] = Table<Command, QString, QStringList>::fetch();
     ListRig rig("d-dd");
     rig.select({1, 2, 4});
     QStringList steps;
@@ -248,7 +218,7 @@ void TestCListWidge::progressGoesThroughSeveralRows()
     };
     Answers operatorSays({Answers::yes()});
     (rig.list->*command)();
-    QTEST(steps, "steps");
+    QCOMPARE(steps, expected);
     QVERIFY(!progressDialog());
 }
 
@@ -367,23 +337,17 @@ void TestCListWidge::updatesAreSuspendedUntilSomethingIsAsked()
 
 void TestCListWidge::commandsForgetUndoOfBothListsFirst_data()
 {
-    QTest::addColumn<Command>("command");
-    QTest::addColumn<bool>("forgets");
-    const Command store = &CListWidge::Store;
-    const Command recall = &CListWidge::Recall;
-    const Command clear = &CListWidge::Clear;
-    const Command protect = &CListWidge::Protect;
-    const Command clearAll = &CListWidge::ClearAll;
-    QTest::newRow("store") << store << true;
-    QTest::newRow("recall") << recall << true;
-    QTest::newRow("clear") << clear << true;
-    QTest::newRow("protect") << protect << true;
-    QTest::newRow("clear all") << clearAll << false;
+    Table<Command, bool>()
+        .row("store", store, true)
+        .row("recall", recall, true)
+        .row("clear", clear, true)
+        .row("protect", protect, true)
+        .row("clear all", &CListWidge::ClearAll, false);
 }
 
 void TestCListWidge::commandsForgetUndoOfBothListsFirst()
 {
-    QFETCH(Command, command);
+    const auto [command, forgets] = Table<Command, bool>::fetch();
     ListRig rig("ddh");
     ListRig other("d");
     rig.list->setOtherList(other.list);
@@ -394,8 +358,8 @@ void TestCListWidge::commandsForgetUndoOfBothListsFirst()
     rig.select({1});
     Answers operatorSays({Answers::yes()});
     (rig.list->*command)();
-    QTEST(rig.library.calls.value(0) == "forget 3", "forgets");
-    QTEST(other.library.calls.contains("forget 1"), "forgets");
+    QCOMPARE(rig.library.calls.value(0) == "forget 3", forgets);
+    QCOMPARE(other.library.calls.contains("forget 1"), forgets);
     rig.list->setOtherList(nullptr);
     other.row(1)->store(error);
     rig.list->goClearAllUndo(true);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Dragging rows within a list and between two, through the checks.
 #include "tests/support/LibraryRig.h"
+#include "tests/support/Table.h"
 
 #include <QDropEvent>
 #include <QMimeData>
@@ -115,50 +116,40 @@ private Q_SLOTS:
 
 void TestCListWidgeDrops::storeDropAsksAndCopies_data()
 {
-    QTest::addColumn<QString>("states"); // upper case: the preference to ask is set
-    QTest::addColumn<QList<int>>("dragged");
-    QTest::addColumn<int>("target");
-    QTest::addColumn<bool>("answer");
-    QTest::addColumn<QString>("box");
-    QTest::addColumn<QStringList>("calls");
-    const auto add = [](const char *name, const char *states, const QList<int> &dragged, int target,
-                        bool answer, const char *box, const QStringList &calls) {
-        QTest::newRow(name) << states << dragged << target << answer << QString(box) << calls;
-    };
-    add("one row", "dd", {1}, 2, true, "", {"copy Scene 1 to 2"});
-    add("several, from the target down", "ddd", {1, 3}, 2, true, "",
-        {"copy Scene 1 to 2", "copy Scene 3 to 3"});
-    add("more rows than there are", "ddd", {1, 2}, 3, true, "", {"copy Scene 1 to 3"});
-    add("asks for one", "DD", {1}, 2, true, "Confirmation: Store to Scene 2 #002? [Yes No*]",
-        {"copy Scene 1 to 2"});
-    add("asks for one, no", "DD", {1}, 2, false, "Confirmation: Store to Scene 2 #002? [Yes No*]",
-        {});
-    add("asks for several", "DDD", {1, 3}, 2, true,
-        "Confirmation: Store to multiple locations [Yes No*]",
-        {"copy Scene 1 to 2", "copy Scene 3 to 3"});
-    add("asks for too many", "DDD", {1, 2}, 3, true,
-        "Confirmation: Too many rows are selected. \nStore anyway? [Yes No*]",
-        {"copy Scene 1 to 3"});
-    add("asks for too many, no", "DDD", {1, 2}, 3, false,
-        "Confirmation: Too many rows are selected. \nStore anyway? [Yes No*]", {});
-    add("onto a protected row", "dp", {1}, 2, true, "Error: (2) Is Protected [OK*]", {});
-    add("a protected row farther down", "d-p-", {1, 4}, 2, true, "Error: (3) Is Protected [OK*]",
-        {});
-    add("onto a read only row", "de", {1}, 2, true, "Error: (2) Is Read only [OK*]", {});
-    add("the first obstacle counts", "d-epd", {1, 5}, 2, true, "Error: (3) Is Read only [OK*]", {});
-    add("onto one that is both", "dq", {1}, 2, true, "Error: (2) Is Read only or Protected [OK*]",
-        {});
-    add("a protected row out of reach", "d-p", {1}, 2, true, "", {"copy Scene 1 to 2"});
-    add("an empty row among them", "d-d-", {1, 2}, 3, true, "", {"copy Scene 1 to 3"});
+    // states: upper case: the preference to ask is set
+    Table<QString, QList<int>, int, bool, QString, QStringList>()
+        .row("one row", "dd", {1}, 2, true, "", {"copy Scene 1 to 2"})
+        .row("several, from the target down", "ddd", {1, 3}, 2, true, "",
+             {"copy Scene 1 to 2", "copy Scene 3 to 3"})
+        .row("more rows than there are", "ddd", {1, 2}, 3, true, "", {"copy Scene 1 to 3"})
+        .row("asks for one", "DD", {1}, 2, true, "Confirmation: Store to Scene 2 #002? [Yes No*]",
+             {"copy Scene 1 to 2"})
+        .row("asks for one, no", "DD", {1}, 2, false,
+             "Confirmation: Store to Scene 2 #002? [Yes No*]", {})
+        .row("asks for several", "DDD", {1, 3}, 2, true,
+             "Confirmation: Store to multiple locations [Yes No*]",
+             {"copy Scene 1 to 2", "copy Scene 3 to 3"})
+        .row("asks for too many", "DDD", {1, 2}, 3, true,
+             "Confirmation: Too many rows are selected. \nStore anyway? [Yes No*]",
+             {"copy Scene 1 to 3"})
+        .row("asks for too many, no", "DDD", {1, 2}, 3, false,
+             "Confirmation: Too many rows are selected. \nStore anyway? [Yes No*]", {})
+        .row("onto a protected row", "dp", {1}, 2, true, "Error: (2) Is Protected [OK*]", {})
+        .row("a protected row farther down", "d-p-", {1, 4}, 2, true,
+             "Error: (3) Is Protected [OK*]", {})
+        .row("onto a read only row", "de", {1}, 2, true, "Error: (2) Is Read only [OK*]", {})
+        .row("the first obstacle counts", "d-epd", {1, 5}, 2, true, "Error: (3) Is Read only [OK*]",
+             {})
+        .row("onto one that is both", "dq", {1}, 2, true,
+             "Error: (2) Is Read only or Protected [OK*]", {})
+        .row("a protected row out of reach", "d-p", {1}, 2, true, "", {"copy Scene 1 to 2"})
+        .row("an empty row among them", "d-d-", {1, 2}, 3, true, "", {"copy Scene 1 to 3"});
 }
 
 void TestCListWidgeDrops::storeDropAsksAndCopies()
 {
-    QFETCH(QString, states);
-    QFETCH(QList<int>, dragged);
-    QFETCH(int, target);
-    QFETCH(bool, answer);
-    QFETCH(QString, box);
+    const auto [states, dragged, target, answer, box, calls] =
+        Table<QString, QList<int>, int, bool, QString, QStringList>::fetch();
     // From the other list as within the list.
     for (const bool within : {true, false}) {
         DragRig rig(states.toLower(), states.toLower());
@@ -173,7 +164,7 @@ void TestCListWidgeDrops::storeDropAsksAndCopies()
         QVERIFY(rig.drop(from, dragged, target, DragRig::Onto)
                 || (within && dragged.contains(target)));
         QTRY_COMPARE(operatorSays.seen.join('|'), box);
-        QTEST(rig.library.calls, "calls");
+        QCOMPARE(rig.library.calls, calls);
         QVERIFY(rig.other.library.calls.isEmpty());
         // The rows stored are selected.
         if (!rig.library.calls.isEmpty())
@@ -183,38 +174,29 @@ void TestCListWidgeDrops::storeDropAsksAndCopies()
 
 void TestCListWidgeDrops::insertDropMoves_data()
 {
-    QTest::addColumn<QList<int>>("dragged");
-    QTest::addColumn<int>("slot");
-    QTest::addColumn<DragRig::Place>("place");
-    QTest::addColumn<QString>("titles");
-    QTest::addColumn<QList<int>>("selected");
-    const auto add = [](const char *name, const QList<int> &dragged, int slot, DragRig::Place place,
-                        const char *titles, const QList<int> &selected) {
-        QTest::newRow(name) << dragged << slot << place << titles << selected;
-    };
-    add("up", {4}, 2, DragRig::Above, "14235", {2});
-    add("down", {2}, 4, DragRig::Below, "13425", {4});
-    add("to the top", {5}, 1, DragRig::Above, "51234", {1});
-    add("to the end", {1}, 5, DragRig::Below, "23451", {5});
-    add("several up", {3, 4}, 1, DragRig::Above, "34125", {1, 2});
-    add("several down", {1, 2}, 4, DragRig::Below, "34125", {3, 4});
-    add("several to the end", {1, 2, 3}, 5, DragRig::Below, "45123", {3, 4, 5});
-    add("to where they are", {2, 3}, 4, DragRig::Above, "12345", {2, 3});
+    Table<QList<int>, int, DragRig::Place, QString, QList<int>>()
+        .row("up", {4}, 2, DragRig::Above, "14235", {2})
+        .row("down", {2}, 4, DragRig::Below, "13425", {4})
+        .row("to the top", {5}, 1, DragRig::Above, "51234", {1})
+        .row("to the end", {1}, 5, DragRig::Below, "23451", {5})
+        .row("several up", {3, 4}, 1, DragRig::Above, "34125", {1, 2})
+        .row("several down", {1, 2}, 4, DragRig::Below, "34125", {3, 4})
+        .row("several to the end", {1, 2, 3}, 5, DragRig::Below, "45123", {3, 4, 5})
+        .row("to where they are", {2, 3}, 4, DragRig::Above, "12345", {2, 3});
 }
 
 void TestCListWidgeDrops::insertDropMoves()
 {
-    QFETCH(QList<int>, dragged);
-    QFETCH(int, slot);
-    QFETCH(DragRig::Place, place);
+    const auto [dragged, slot, place, titles, selected] =
+        Table<QList<int>, int, DragRig::Place, QString, QList<int>>::fetch();
     DragRig rig("ddddd");
     // Moving overwrites nothing: it is not asked about, and protection moves along.
     rig.library.memory.preferenceValues[IPreferences::ConfirmStore] = true;
     rig.row(3)->contents.isProtected = true;
     Answers operatorSays;
     QVERIFY(rig.drop(rig, dragged, slot, place));
-    QTEST(rig.titles().join(""), "titles");
-    QTEST(rig.selected(), "selected");
+    QCOMPARE(rig.titles().join(""), titles);
+    QCOMPARE(rig.selected(), selected);
     for (int each = 1; each <= 5; ++each) {
         QCOMPARE(rig.row(each)->isProtected(), rig.row(each)->titleText() == "Scene 3");
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The keys that run the commands: enabled only while they would do something.
 #include "tests/support/LibraryRig.h"
+#include "tests/support/Table.h"
 #include "widgets/buttons/COnOffButton.h"
 
 namespace {
@@ -76,33 +77,26 @@ private Q_SLOTS:
 
 void TestCListWidgeKeys::keyIsEnabledWhileItWouldDoSomething_data()
 {
-    QTest::addColumn<QString>("states");
-    QTest::addColumn<QList<int>>("selected");
-    QTest::addColumn<QString>("enabled");
-    const auto add = [](const char *name, const char *states, const QList<int> &selected,
-                        const char *enabled) {
-        QTest::newRow(name) << states << selected << enabled;
-    };
-    add("nothing selected", "dd", {}, "");
-    add("a slot with data", "d", {1}, "srcp");
-    add("an empty slot", "-", {1}, "s");
-    add("a protected slot", "p", {1}, "rp");
-    add("a read only slot", "r", {1}, "r");
-    add("a read only empty slot", "e", {1}, "");
-    add("protected for ever", "q", {1}, "r");
-    add("one of several will do", "prd", {1, 2, 3}, "srcp");
-    add("recall looks at the first", "-d", {1, 2}, "scp");
-    add("with a protected slot, protect means unprotect", "qd", {1, 2}, "src");
+    Table<QString, QList<int>, QString>()
+        .row("nothing selected", "dd", {}, "")
+        .row("a slot with data", "d", {1}, "srcp")
+        .row("an empty slot", "-", {1}, "s")
+        .row("a protected slot", "p", {1}, "rp")
+        .row("a read only slot", "r", {1}, "r")
+        .row("a read only empty slot", "e", {1}, "")
+        .row("protected for ever", "q", {1}, "r")
+        .row("one of several will do", "prd", {1, 2, 3}, "srcp")
+        .row("recall looks at the first", "-d", {1, 2}, "scp")
+        .row("with a protected slot, protect means unprotect", "qd", {1, 2}, "src");
 }
 
 void TestCListWidgeKeys::keyIsEnabledWhileItWouldDoSomething()
 {
-    QFETCH(QString, states);
-    QFETCH(QList<int>, selected);
+    const auto [states, selected, enabled] = Table<QString, QList<int>, QString>::fetch();
     KeyRig rig(states);
     rig.attach(rig.list);
     rig.select(selected);
-    QTEST(rig.enabled(), "enabled");
+    QCOMPARE(rig.enabled(), enabled);
 }
 
 void TestCListWidgeKeys::keysFollowWhatHappens()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Columns, sorting, selecting, renaming, and what assistive tools hear.
 #include "tests/support/LibraryRig.h"
+#include "tests/support/Table.h"
 
 #include <QAccessible>
 #include <QLineEdit>
@@ -91,25 +92,20 @@ void TestCListWidgeView::lockIsDrawn()
 
 void TestCListWidgeView::numbersSortAsNumbers_data()
 {
-    QTest::addColumn<int>("column");
-    QTest::addColumn<Qt::SortOrder>("order");
-    QTest::addColumn<QList<int>>("inOrder");
-    QTest::newRow("number") << int(CListWidge::NumberColumn) << Qt::AscendingOrder
-                            << QList<int>{2, 9, 10, 1000};
-    QTest::newRow("number, descending")
-        << int(CListWidge::NumberColumn) << Qt::DescendingOrder << QList<int>{1000, 10, 9, 2};
-    QTest::newRow("title, equal ones by number")
-        << int(CListWidge::TitleColumn) << Qt::AscendingOrder << QList<int>{1000, 2, 9, 10};
-    QTest::newRow("protected first")
-        << int(CListWidge::ProtectedColumn) << Qt::AscendingOrder << QList<int>{10, 2, 9, 1000};
-    QTest::newRow("time") << int(CListWidge::StoredColumn) << Qt::AscendingOrder
-                          << QList<int>{10, 1000, 9, 2};
+    Table<int, Qt::SortOrder, QList<int>>()
+        .row("number", int(CListWidge::NumberColumn), Qt::AscendingOrder, {2, 9, 10, 1000})
+        .row("number, descending", int(CListWidge::NumberColumn), Qt::DescendingOrder,
+             {1000, 10, 9, 2})
+        .row("title, equal ones by number", int(CListWidge::TitleColumn), Qt::AscendingOrder,
+             {1000, 2, 9, 10})
+        .row("protected first", int(CListWidge::ProtectedColumn), Qt::AscendingOrder,
+             {10, 2, 9, 1000})
+        .row("time", int(CListWidge::StoredColumn), Qt::AscendingOrder, {10, 1000, 9, 2});
 }
 
 void TestCListWidgeView::numbersSortAsNumbers()
 {
-    QFETCH(int, column);
-    QFETCH(Qt::SortOrder, order);
+    const auto [column, order, inOrder] = Table<int, Qt::SortOrder, QList<int>>::fetch();
     ListRig rig("");
     const QDateTime noon(QDate(2026, 1, 1), QTime(12, 0));
     const struct
@@ -128,28 +124,23 @@ void TestCListWidgeView::numbersSortAsNumbers()
     }
     rig.list->sortByColumn(column, order);
     rig.list->selectAll();
-    QTEST(rig.selected(), "inOrder");
+    QCOMPARE(rig.selected(), inOrder);
 }
 
 void TestCListWidgeView::rowsAreSpoken_data()
 {
-    QTest::addColumn<QString>("state");
-    QTest::addColumn<QString>("spoken");
-    QTest::newRow("data") << "d"
-                          << "#001 Scene 1";
-    QTest::newRow("empty") << "-"
-                           << "#001, empty";
-    QTest::newRow("protected") << "p"
-                               << "#001 Scene 1, protected";
-    QTest::newRow("read only") << "e"
-                               << "#001, empty, read only";
+    Table<QString, QString>()
+        .row("data", "d", "#001 Scene 1")
+        .row("empty", "-", "#001, empty")
+        .row("protected", "p", "#001 Scene 1, protected")
+        .row("read only", "e", "#001, empty, read only");
 }
 
 void TestCListWidgeView::rowsAreSpoken()
 {
-    QFETCH(QString, state);
+    const auto [state, spoken] = Table<QString, QString>::fetch();
     ListRig rig(state);
-    QTEST(rig.row(1)->spokenText(), "spoken");
+    QCOMPARE(rig.row(1)->spokenText(), spoken);
 }
 
 void TestCListWidgeView::accessibleCellsSayTheRow()
@@ -165,32 +156,23 @@ void TestCListWidgeView::accessibleCellsSayTheRow()
 
 void TestCListWidgeView::titleIsEditedInPlace_data()
 {
-    QTest::addColumn<int>("column"); // that is current, or double-clicked
-    QTest::addColumn<bool>("byKey");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<Qt::Key>("endedBy");
-    QTest::addColumn<QStringList>("calls");
-    const auto add = [](const char *name, int column, bool byKey, const char *typed, Qt::Key key,
-                        const QStringList &calls) {
-        QTest::newRow(name) << column << byKey << typed << key << calls;
-    };
-    add("F2", CListWidge::TitleColumn, true, "Encore", Qt::Key_Return, {"title Encore at 1"});
-    add("F2 anywhere in the row", CListWidge::NumberColumn, true, "Encore", Qt::Key_Return,
-        {"title Encore at 1"});
-    add("double click", CListWidge::TitleColumn, false, "Encore", Qt::Key_Return,
-        {"title Encore at 1"});
-    add("longer than a title may be", CListWidge::TitleColumn, true, "Encore and more",
-        Qt::Key_Return, {"title Encore and m at 1"});
-    add("the same", CListWidge::TitleColumn, true, "Scene 1", Qt::Key_Return, {});
-    add("Escape", CListWidge::TitleColumn, true, "Encore", Qt::Key_Escape, {});
+    // column: that is current, or double-clicked
+    Table<int, bool, QString, Qt::Key, QStringList>()
+        .row("F2", CListWidge::TitleColumn, true, "Encore", Qt::Key_Return, {"title Encore at 1"})
+        .row("F2 anywhere in the row", CListWidge::NumberColumn, true, "Encore", Qt::Key_Return,
+             {"title Encore at 1"})
+        .row("double click", CListWidge::TitleColumn, false, "Encore", Qt::Key_Return,
+             {"title Encore at 1"})
+        .row("longer than a title may be", CListWidge::TitleColumn, true, "Encore and more",
+             Qt::Key_Return, {"title Encore and m at 1"})
+        .row("the same", CListWidge::TitleColumn, true, "Scene 1", Qt::Key_Return, {})
+        .row("Escape", CListWidge::TitleColumn, true, "Encore", Qt::Key_Escape, {});
 }
 
 void TestCListWidgeView::titleIsEditedInPlace()
 {
-    QFETCH(int, column);
-    QFETCH(bool, byKey);
-    QFETCH(QString, typed);
-    QFETCH(Qt::Key, endedBy);
+    const auto [column, byKey, typed, endedBy, calls] =
+        Table<int, bool, QString, Qt::Key, QStringList>::fetch();
     ListRig rig("dd");
     rig.show();
     if (byKey) {
@@ -208,27 +190,23 @@ void TestCListWidgeView::titleIsEditedInPlace()
     // Return is handled in a later turn of the event loop, and so is the renaming.
     QTRY_VERIFY(!rig.list->findChild<QLineEdit *>());
     QApplication::processEvents();
-    QTEST(rig.library.calls, "calls");
+    QCOMPARE(rig.library.calls, calls);
 }
 
 void TestCListWidgeView::titleIsNotEditable_data()
 {
-    QTest::addColumn<QString>("state");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<int>("limit");
-    QTest::newRow("protected") << "p" << int(CListWidge::TitleColumn) << 12;
-    QTest::newRow("read only") << "r" << int(CListWidge::TitleColumn) << 12;
-    QTest::newRow("empty") << "-" << int(CListWidge::TitleColumn) << 12;
-    QTest::newRow("library without renaming") << "d" << int(CListWidge::TitleColumn) << 0;
-    QTest::newRow("double click elsewhere") << "d" << int(CListWidge::NumberColumn) << 12;
+    Table<QString, int, int>()
+        .row("protected", "p", int(CListWidge::TitleColumn), 12)
+        .row("read only", "r", int(CListWidge::TitleColumn), 12)
+        .row("empty", "-", int(CListWidge::TitleColumn), 12)
+        .row("library without renaming", "d", int(CListWidge::TitleColumn), 0)
+        .row("double click elsewhere", "d", int(CListWidge::NumberColumn), 12);
 }
 
 void TestCListWidgeView::titleIsNotEditable()
 {
-    QFETCH(QString, state);
-    QFETCH(int, column);
+    const auto [state, column, limit] = Table<QString, int, int>::fetch();
     ListRig rig(state);
-    QFETCH(int, limit);
     rig.library.titleLimit = limit;
     rig.show();
     doubleClick(rig.list, centre(rig, 1, column));
