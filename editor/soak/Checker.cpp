@@ -41,12 +41,16 @@ void Checker::check()
     compareAfterReading();
 }
 
-void Checker::settle()
+/// A key that has just begun to blink takes its look with the next step of the clock, which is held.
+void Checker::repeatBlinkStep()
 {
-    // A key that has just begun to blink takes its look with the next step of the clock, which is held.
     bool lit = false;
     m_memory.blinkClock(&lit, 0);
     m_memory.stepBlinkClock(lit);
+}
+
+void Checker::settle()
+{
     QElapsedTimer clock;
     clock.start();
     for (int turn = 0; turn < QuietTurns || !clock.hasExpired(QuietMilliseconds); ++turn) {
@@ -55,6 +59,7 @@ void Checker::settle()
         QCoreApplication::processEvents();
         QThread::msleep(1);
     }
+    repeatBlinkStep(); // whatever began to blink until now
     deliverPosted();
 }
 

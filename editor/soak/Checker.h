@@ -44,6 +44,7 @@ public:
 
 private:
     void settle();
+    void repeatBlinkStep();
     std::vector<MainWindow *> shownWindows() const;
     void comparePictures(MainWindow &window);
     void compareAfterReading();
