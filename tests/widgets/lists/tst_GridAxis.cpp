@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/Table.h"
 #include "widgets/lists/GridAxis.h"
 
 #include <QRandomGenerator>
@@ -19,24 +20,20 @@ private Q_SLOTS:
 
 void tst_GridAxis::listsOfSizes_data()
 {
-    QTest::addColumn<bool>("lines");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QList<int>>("expected");
-    QTest::newRow("out of range and no number") << false << "5, x,60" << QList<int>{5, 13, 13, 13};
-    QTest::newRow("limits of sizes") << false << "2,50,1,51" << QList<int>{2, 50, 13, 13};
-    QTest::newRow("limits of lines") << true << "1,14,0,15" << QList<int>{1, 14, 1, 1};
-    QTest::newRow("white space") << false << " 20 ,\t21\n,  22 , 23 " << QList<int>{20, 21, 22, 23};
-    QTest::newRow("empty items") << false << ",9,,9" << QList<int>{13, 9, 13, 9};
-    QTest::newRow("empty") << true << "" << QList<int>{1, 1, 1, 1};
-    QTest::newRow("too many") << false << "9,9,9,9,9,9" << QList<int>{9, 9, 9, 9};
-    QTest::newRow("too large for a number") << false << "99999999999,9" << QList<int>{13, 9, 13, 13};
+    Table<bool, QString, QList<int>>()
+        .row("out of range and no number", false, "5, x,60", {5, 13, 13, 13})
+        .row("limits of sizes", false, "2,50,1,51", {2, 50, 13, 13})
+        .row("limits of lines", true, "1,14,0,15", {1, 14, 1, 1})
+        .row("white space", false, " 20 ,\t21\n,  22 , 23 ", {20, 21, 22, 23})
+        .row("empty items", false, ",9,,9", {13, 9, 13, 9})
+        .row("empty", true, "", {1, 1, 1, 1})
+        .row("too many", false, "9,9,9,9,9,9", {9, 9, 9, 9})
+        .row("too large for a number", false, "99999999999,9", {13, 9, 13, 13});
 }
 
 void tst_GridAxis::listsOfSizes()
 {
-    QFETCH(bool, lines);
-    QFETCH(QString, text);
-    QFETCH(QList<int>, expected);
+    const auto [lines, text, expected] = Table<bool, QString, QList<int>>::fetch();
     GridAxis axis;
     axis.setCount(4);
     lines ? axis.setLines(u"7,7,7,7") : axis.setSizes(u"7,7,7,7");
