@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "companions/memory/ParameterMemory.h"
 #include "console/Housekeeping.h"
+#include "tests/support/Table.h"
+
+#include "tests/console/ConsoleFixture.h"
 
 #include <QTest>
 
@@ -16,7 +18,10 @@ private Q_SLOTS:
     void orderNeedsNoChanges();
 
 private:
-    void set(const char *name, int element, int value);
+    void set(const char *name, int element, int value)
+    {
+        setValue(*m_memory, name, element, value);
+    }
     int get(const char *name, int element) const;
 
     std::unique_ptr<ParameterMemory> m_memory;
@@ -26,17 +31,9 @@ private:
 void tst_Housekeeping::init()
 {
     m_housekeeping.reset();
-    m_memory = std::make_unique<ParameterMemory>();
-    QVERIFY(m_memory->load(ParameterMemory::builtInModel()));
+    m_memory = loadedMemory();
     m_housekeeping = std::make_unique<Housekeeping>(*m_memory);
     m_housekeeping->carryOut();
-}
-
-void tst_Housekeeping::set(const char *name, int element, int value)
-{
-    IMemAPI::TSingleBaseAddress at;
-    QVERIFY(m_memory->resolve(QLatin1String(name), element, at));
-    m_memory->writeValue(at.group, at.index, at.element, value, 0);
 }
 
 int tst_Housekeeping::get(const char *name, int element) const
@@ -62,21 +59,20 @@ void tst_Housekeeping::halvesOfAPairGoTogether()
 
 void tst_Housekeeping::inputsHearWhetherTheyHaveAHeadAmp_data()
 {
-    QTest::addColumn<int>("source");
-    QTest::addColumn<int>("connected");
-    QTest::newRow("none") << 0 << 0;
-    QTest::newRow("first port") << 1 << 1;
-    QTest::newRow("last port") << 128 << 1;
-    QTest::newRow("behind the last port") << 129 << 0;
-    QTest::newRow("highest source") << 160 << 0;
+    Table<int, int>()
+        .row("none", 0, 0)
+        .row("first port", 1, 1)
+        .row("last port", 128, 1)
+        .row("behind the last port", 129, 0)
+        .row("highest source", 160, 0);
 }
 
 void tst_Housekeeping::inputsHearWhetherTheyHaveAHeadAmp()
 {
-    QFETCH(int, source);
+    const auto [source, connected] = Table<int, int>::fetch();
     set("kPatchInInput/kPatchIn", 7, source);
     m_housekeeping->carryOut();
-    QTEST(get("kBackupInputHA/kHAConnected", 7), "connected");
+    QCOMPARE(get("kBackupInputHA/kHAConnected", 7), connected);
     // The units' ports may move, too.
     set("kSetupHX612/kHX612Port", 15, 153);
     set("kPatchInInput/kPatchIn", 7, 160);

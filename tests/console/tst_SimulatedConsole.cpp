@@ -63,10 +63,8 @@ class TestSimulatedConsole : public QObject
 private Q_SLOTS:
     void comesOnlineShortlyAfterTheStart();
     void repeatsItselfWithTheSameSeed();
-    void howTimeIsCutDoesNotMatter();
     void doesNothingWhileOffline();
     void theClocksGoOnWhileOffline();
-    void metersAreReadFiftyTimesASecond();
     void theCounterIsSentOnlyToWhoWantsIt();
     void runsOnItsOwnThreadAndStopsPromptly();
     void isNotSteppedWhileItRuns();
@@ -107,21 +105,6 @@ void TestSimulatedConsole::repeatsItselfWithTheSameSeed()
     QVERIFY(endings[0] != endings[2]);
     QCOMPARE(meters[0], meters[1]);
     QVERIFY(meters[0] != meters[2]);
-}
-
-void TestSimulatedConsole::howTimeIsCutDoesNotMatter()
-{
-    std::vector<std::vector<int>> endings;
-    for (const int cut : {7, 20, 3500}) {
-        const auto memory = loadedMemory();
-        SimulatedConsole console(*memory);
-        console.setRate(100);
-        for (int time = 0; time < 3500; time += cut)
-            console.step(cut);
-        endings.push_back(values(*memory));
-    }
-    QVERIFY(endings[0] == endings[1]);
-    QVERIFY(endings[0] == endings[2]);
 }
 
 void TestSimulatedConsole::doesNothingWhileOffline()
@@ -165,20 +148,6 @@ void TestSimulatedConsole::theClocksGoOnWhileOffline()
     QVERIFY(litAtFirst);
     QVERIFY2(qAbs(blinks.size() - 40) <= 1, qPrintable(QString::number(blinks.size())));
     QVERIFY2(qAbs(services.size() - 500) <= 1, qPrintable(QString::number(services.size())));
-}
-
-void TestSimulatedConsole::metersAreReadFiftyTimesASecond()
-{
-    const auto memory = loadedMemory();
-    const MeterListener meter(*memory);
-    SimulatedConsole console(*memory);
-    console.step(600);
-    const auto before = meter.heard().size();
-    console.step(2000);
-    const QList<QByteArray> heard = meter.heard();
-    QCOMPARE(heard.size() - before, 100);
-    for (const QByteArray &bytes : heard)
-        QVERIFY(bytes[0] == 0 && bytes[1] >= 0 && bytes[2] == 0 && bytes[3] >= bytes[1]);
 }
 
 void TestSimulatedConsole::theCounterIsSentOnlyToWhoWantsIt()
