@@ -109,6 +109,7 @@ private Q_SLOTS:
     void heldPictureStaysAMoment();
     void secondPressWithinThatMomentIsRefused();
     void refusesOperationWithDisabledUI();
+    void alternativeDefaultIsNotForKeys();
     void showsARawValueWithoutAMemory();
     void selectionObjectIsReadFirstAndWrittenLast();
     void selectionObjectIsCopied();
@@ -264,6 +265,17 @@ void tst_COnOffButton::refusesOperationWithDisabledUI()
     QVERIFY(!rig.key.isOn() && rig.key.isEnabled());
     QCOMPARE(rig.writes(), QStringList());
     QCOMPARE(shown(rig.key), colour(0, keystrip::Off));
+}
+
+void tst_COnOffButton::alternativeDefaultIsNotForKeys()
+{
+    Rig rig;
+    rig.memory.at(Group, Index, Element) = {0, 1, 0, 1, 1, true};
+    rig.bind();
+    rig.key.process(nullptr, TMemProxy::ResetToAlternativeDefault, 0);
+    QVERIFY(!rig.key.isOn());
+    rig.key.process(nullptr, TMemProxy::ResetToDefault, 0);
+    QVERIFY(rig.key.isOn());
 }
 
 void tst_COnOffButton::showsARawValueWithoutAMemory()

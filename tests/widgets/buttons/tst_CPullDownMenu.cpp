@@ -87,6 +87,7 @@ private Q_SLOTS:
     void anItemWithoutAPlaceCannotBeChosen();
     void anEmptyListKeepsTheMenuAndRefusesEveryPosition();
     void theStartPositionIsWrittenOnlyIfAnotherWasShown();
+    void defaultIsShownAndAlternativeIsNot();
     void aListSetWhileBoundShowsTheValueAndWritesNothing();
     void tellsItsPositionEveryTimeAndItsValueWhenItChanges();
     void twoMenusThatFollowEachOtherComeToAnEnd();
@@ -219,6 +220,16 @@ void tst_CPullDownMenu::theStartPositionIsWrittenOnlyIfAnotherWasShown()
     rig.line(1)->trigger();
     rig.line(0)->trigger();
     QCOMPARE(rig.writes(), QStringList({written(1), written(0)}));
+}
+
+void tst_CPullDownMenu::defaultIsShownAndAlternativeIsNot()
+{
+    Rig rig("Low;Mid;High", 0, 1);
+    rig.parameter() = {0, 2, 1, 2, 0, true};
+    rig.widget->process(nullptr, TMemProxy::ResetToAlternativeDefault, 0);
+    QCOMPARE(rig.widget->text(), "Mid");
+    rig.widget->process(nullptr, TMemProxy::ResetToDefault, 0);
+    QCOMPARE(rig.widget->text(), "High");
 }
 
 void tst_CPullDownMenu::aListSetWhileBoundShowsTheValueAndWritesNothing()
