@@ -349,17 +349,17 @@ void BoundContract::takesOperations()
     bound.parameter().plainDefault = 1;
     bound.proxy->process(nullptr, TMemProxyBasic::ResetToDefault, 0);
     QCOMPARE(changes(), 1);
-    bound.refresh(0);
-    QCOMPARE(changes(), 1);
+    bound.refresh(1);
+    bound.proxy->process(nullptr, TMemProxyBasic::ResetToAlternativeDefault + 5, 0);
+    QCOMPARE(changes(), 0);
 
     QByteArray bytes;
     QDataStream out(&bytes, QIODevice::WriteOnly);
-    TParamInfoWriter(*bound.proxy, 1, &out, -1);
+    TParamInfoWriter(*bound.proxy, 0, &out, -1);
     bound.memory.acceptsPaste = false;
     bound.paste(bytes);
     bound.memory.acceptsPaste = true;
     bound.paste(bytes.chopped(1));
-    bound.proxy->process(nullptr, TMemProxyBasic::ResetToAlternativeDefault + 5, 0);
     QCOMPARE(changes(), 0);
     bound.paste(bytes);
     QCOMPARE(changes(), 1);

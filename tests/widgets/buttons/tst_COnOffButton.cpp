@@ -191,6 +191,11 @@ void tst_COnOffButton::writesWhatAClickMeans()
     rig.bind();
     const bool before = rig.key.isOn();
     rig.click();
+    if (written < 0) { // whichever way
+        QTest::keyClick(&rig.key, Qt::Key_Space);
+        QAccessible::queryAccessibleInterface(&rig.key)->actionInterface()->doAction(
+            QAccessibleActionInterface::toggleAction());
+    }
     const QStringList expected =
         written < 0 ? QStringList()
                     : QStringList{QStringLiteral("writeValue 3 7 2 = %1 token 9").arg(written)};
