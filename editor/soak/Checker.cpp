@@ -3,12 +3,15 @@
 
 #include "companions/memory/ParameterMemory.h"
 #include "editor/MainWindow.h"
+#include "editor/soak/ScreenCamera.h"
 #include "editor/soak/ShownValue.h"
 #include "editor/soak/SoakWindows.h"
 #include "editor/soak/WindowPicture.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QElapsedTimer>
+#include <QScreen>
 #include <QThread>
 
 #include <map>
@@ -49,8 +52,18 @@ void Checker::repeatBlinkStep()
     m_memory.stepBlinkClock(lit);
 }
 
+/// Nothing of what is compared is to change by itself meanwhile: a caret that blinks, a status line that
+/// tells what the pointer is on when windows are raised below it.
+void Checker::quieten()
+{
+    QApplication::setCursorFlashTime(0);
+    if (screencamera::isThere())
+        QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
+}
+
 void Checker::settle()
 {
+    quieten();
     QElapsedTimer clock;
     clock.start();
     for (int turn = 0; turn < QuietTurns || !clock.hasExpired(QuietMilliseconds); ++turn) {

@@ -43,6 +43,7 @@ public:
     const QStringList &lines() const { return m_lines; }
 
 private:
+    void quieten();
     void settle();
     void repeatBlinkStep();
     std::vector<MainWindow *> shownWindows() const;
