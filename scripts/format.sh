@@ -27,9 +27,7 @@ if [[ $clang_format == none ]]; then
     exit 77
 fi
 
-# Being rewritten in other branches.
-later=(-path ./widgets -o -path ./tests/widgets)
-report=$(find . \( -path ./build -o -path './.*' -o "${later[@]}" \) -prune \
+report=$(find . \( -path ./build -o -path './.*' \) -prune \
     -o \( -name '*.cpp' -o -name '*.h' \) -print0 |
     xargs -0 -P "$(nproc)" -n 20 "$clang_format" "${work[@]}" 2>&1) && exit 0
 {

@@ -86,19 +86,15 @@ int binding::read(const TMemProxy &proxy)
 int binding::incomingValue(TMemProxy &proxy, const Q_UINT8 *data, int operation)
 {
     switch (operation) {
-    case TMemProxyBasic::ResetToDefault:
-        return defaultValue(proxy, false, nullptr);
-    case TMemProxyBasic::ResetToAlternativeDefault:
-        return alternativeDefaultValue(proxy);
-    case TMemProxyBasic::Paste:
-        return pastedValue(proxy, data);
+    case TMemProxyBasic::ResetToDefault: return defaultValue(proxy, false, nullptr);
+    case TMemProxyBasic::ResetToAlternativeDefault: return alternativeDefaultValue(proxy);
+    case TMemProxyBasic::Paste: return pastedValue(proxy, data);
     case TMemProxyBasic::Copy: {
         const int value = read(proxy);
         TParamInfoWriter(proxy, value, streamIn(data), -1);
         return value;
     }
-    default:
-        return read(proxy);
+    default: return read(proxy);
     }
 }
 

@@ -33,7 +33,7 @@ class SilentScope
 {
 public:
     /// `control` may be destroyed while this lives; `operation` is that of process().
-    template <class Control>
+    template<class Control>
     explicit SilentScope(Control &control, int operation = TMemProxyBasic::Refresh)
         : m_control(&control), m_helper(control.silentCounter(), operation)
     {
@@ -94,7 +94,7 @@ CONSOLEWIDGETS_EXPORT void endGesture(TMemProxy &proxy);
 CONSOLEWIDGETS_EXPORT Display display(const TMemProxy &proxy, int value, Range bounds);
 
 /// Emits the value signals of a control with these bounds; in between it may die.
-template <class Control>
+template<class Control>
 void announce(Control &control, int value, Range bounds)
 {
     const QPointer<Control> alive(&control);

@@ -3,8 +3,8 @@
 
 #include "widgets/Export.h"
 
-#include <QAccessibleWidget>
 #include <QAbstractSlider>
+#include <QAccessibleWidget>
 
 class TMemProxy;
 

@@ -45,7 +45,8 @@ TCacheServer *TCacheServer::nearest(const QWidget *widget)
 {
     if (livingServers == 0)
         return nullptr;
-    for (QWidget *ancestor = widget->parentWidget(); ancestor; ancestor = ancestor->parentWidget()) {
+    for (QWidget *ancestor = widget->parentWidget(); ancestor;
+         ancestor = ancestor->parentWidget()) {
         if (auto *server = dynamic_cast<TCacheServer *>(ancestor))
             return server;
     }

@@ -81,8 +81,8 @@ void C48V::process(const Q_UINT8 *bytes, int operation, Q_UINT32 extra)
         return;
     // Deliberate: the default is that of the channel's own parameter.
     const int value = operation == ResetToDefault
-        ? memAPI()->readDefault(TMemProxy::group, index, element, false, nullptr)
-        : binding::incomingValue(*this, bytes, operation);
+                          ? memAPI()->readDefault(TMemProxy::group, index, element, false, nullptr)
+                          : binding::incomingValue(*this, bytes, operation);
     if (operation == Copy)
         return;
     // Deliberate: a clip value above 1 is written but never recognised.

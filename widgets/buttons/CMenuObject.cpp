@@ -18,8 +18,9 @@ constexpr int LongMenu = 500;
 /// Tabs would begin a shortcut, and line breaks a second line.
 QString menuText(QString text)
 {
-    std::replace_if(text.begin(), text.end(),
-                    [](QChar each) { return each.category() == QChar::Other_Control; }, u' ');
+    std::replace_if(
+        text.begin(), text.end(),
+        [](QChar each) { return each.category() == QChar::Other_Control; }, u' ');
     return text.replace(u'&', QLatin1String("&&"));
 }
 

@@ -52,8 +52,8 @@ private:
 
     QPointer<QWidget> m_widget;
     QHash<int, QAction *> m_actions; ///< the first action of each identifier
-    QAction *m_wanted = nullptr;  ///< to be checked
-    QAction *m_checked = nullptr; ///< has the mark
+    QAction *m_wanted = nullptr;     ///< to be checked
+    QAction *m_checked = nullptr;    ///< has the mark
     QString m_typed;
     QTimer m_forget;
     bool m_telling = false;

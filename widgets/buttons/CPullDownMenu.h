@@ -2,8 +2,8 @@
 #pragma once
 
 #include "toolkit/QtTypes.h"
-#include "widgets/Export.h"
 #include "widgets/binding/BoundParameter.h"
+#include "widgets/Export.h"
 
 #include <QLabel>
 

@@ -66,8 +66,7 @@ struct CSelectButton::Private
 CSelectButton::CSelectButton(QWidget *parent, const char *name)
     : COnOffButton(parent, name), d(std::make_unique<Private>())
 {
-    [[maybe_unused]] static const bool speaks =
-        (QAccessible::installFactory(makeAccessible), true);
+    [[maybe_unused]] static const bool speaks = (QAccessible::installFactory(makeAccessible), true);
 }
 
 CSelectButton::~CSelectButton()

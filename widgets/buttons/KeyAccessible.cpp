@@ -3,8 +3,7 @@
 
 #include "widgets/buttons/COnOffButton.h"
 
-KeyAccessible::KeyAccessible(COnOffButton *key)
-    : BoundAccessible(key, *key, QAccessible::CheckBox)
+KeyAccessible::KeyAccessible(COnOffButton *key) : BoundAccessible(key, *key, QAccessible::CheckBox)
 {
 }
 

@@ -49,8 +49,8 @@ void CDialTip::place()
     if (!m_dial)
         return;
     const QWidget *around = parentWidget();
-    QPoint at = around ? m_dial->geometry().bottomLeft()
-                       : m_dial->mapToGlobal(m_dial->rect().bottomLeft());
+    QPoint at =
+        around ? m_dial->geometry().bottomLeft() : m_dial->mapToGlobal(m_dial->rect().bottomLeft());
     const QSize wanted = sizeHint();
     if (around) {
         // Whole inside the parent, above the dial where there is no room below.

@@ -29,7 +29,7 @@ void CHADial::connectMemAPI()
     // Deliberate: nobody keeps these, so that every attach adds a pair.
     for (const char *name : {"FEkPatchInInput/kPatchIn", "FEkBackupInputHA/kHAConnected"})
         CSimpleNotifier::Create(*memAPI(), this, QLatin1String(name), element,
-                                SLOT(handle_patchInChange( int )), nullptr, nullptr);
+                                SLOT(handle_patchInChange(int)), nullptr, nullptr);
     CDial::connectMemAPI();
 }
 

@@ -68,8 +68,8 @@ double DialGeometry::convertAngle(double angle)
 
 double DialGeometry::vectorAngle(QPointF first, QPointF second)
 {
-    const double d = std::abs(std::atan2(second.y(), second.x())
-                              - std::atan2(first.y(), first.x()));
+    const double d =
+        std::abs(std::atan2(second.y(), second.x()) - std::atan2(first.y(), first.x()));
     return d >= pi ? 2 * pi - d : d;
 }
 

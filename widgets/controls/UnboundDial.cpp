@@ -5,7 +5,8 @@
 
 UnboundDial::UnboundDial(QWidget *parent, int minimum, int maximum) : QDial(parent)
 {
-    const QSignalBlocker nobodyLooks(this); // at the class of the sender, which a debugger's spy would
+    const QSignalBlocker nobodyLooks(
+        this); // at the class of the sender, which a debugger's spy would
     setRange(minimum, maximum);
     setValue(minimum);
 }

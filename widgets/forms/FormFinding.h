@@ -26,11 +26,11 @@ struct CONSOLEWIDGETS_EXPORT FormFinding
 
     Kind kind = Contents; ///< the kind of fault
     QString file;         ///< as it was named
-    int line = 0;   ///< counted from 1; 0: not known
-    QString widget; ///< its object name; empty: the form itself
-    QString property; ///< empty: the widget itself
-    QString reason;   ///< a sentence for people
-    QString nearest; ///< for an address: the one that may have been meant
+    int line = 0;         ///< counted from 1; 0: not known
+    QString widget;       ///< its object name; empty: the form itself
+    QString property;     ///< empty: the widget itself
+    QString reason;       ///< a sentence for people
+    QString nearest;      ///< for an address: the one that may have been meant
 
     /// The kind in one lower-case word.
     QString kindName() const;

@@ -17,8 +17,8 @@ namespace propertynotes {
 struct Note
 {
     const char *className; ///< where it is declared
-    const char *property; ///< its name
-    const char *text; ///< plain text
+    const char *property;  ///< its name
+    const char *text;      ///< plain text
 };
 
 /// Every property of every public class.

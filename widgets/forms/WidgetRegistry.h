@@ -22,18 +22,18 @@ public:
     /// A property as a form writes it.
     struct Property
     {
-        const char *name; ///< as in the class
-        const char *kind; ///< the form's element: "number", "bool", "string", "enum", "pixmap"
+        const char *name;  ///< as in the class
+        const char *kind;  ///< the form's element: "number", "bool", "string", "enum", "pixmap"
         const char *value; ///< as text; names of enumerators, files of pictures
     };
 
     /// A widget class and what is told of it.
     struct Entry
     {
-        const QMetaObject *metaObject; ///< properties and signals, for reading
-        const char *group;   ///< heading under which form editors list the class
-        const char *toolTip; ///< one line: what the widget is for
-        QWidget *(*make)(QWidget *parent); ///< a plain object of the class
+        const QMetaObject *metaObject;        ///< properties and signals, for reading
+        const char *group;                    ///< heading under which form editors list the class
+        const char *toolTip;                  ///< one line: what the widget is for
+        QWidget *(*make)(QWidget *parent);    ///< a plain object of the class
         const char *folder = "";              ///< where its header is
         const char *whatsThis = "";           ///< what the operator sees and does
         QSize size = {};                      ///< of a new one in a form editor

@@ -23,11 +23,11 @@ public:
     struct Settings
     {
         int kind = Compressor; ///< of Kind; others have no curve
-        int threshold = 0;   ///< tenths of a dB
-        int ratio = 0;       ///< code 0 (1:1) to 15 (∞:1); others count as the nearest
-        int knee = 0;        ///< code 0 (hard) to 5; for companders the width
-        int gain = 0;        ///< tenths of a dB
-        int gainMaximum = 0; ///< tenths of a dB
+        int threshold = 0;     ///< tenths of a dB
+        int ratio = 0;         ///< code 0 (1:1) to 15 (∞:1); others count as the nearest
+        int knee = 0;          ///< code 0 (hard) to 5; for companders the width
+        int gain = 0;          ///< tenths of a dB
+        int gainMaximum = 0;   ///< tenths of a dB
     };
 
     /// Keeps a copy of the settings.

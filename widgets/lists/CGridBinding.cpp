@@ -146,5 +146,6 @@ void CGrid::paste(const Q_UINT8 *bytes)
         return;
     const TParamInfo &info = reader.info();
     const TMemOriginHelper origin(memAPI(), this);
-    memAPI()->writeValue(info.group, info.index, info.element, info.value, memAPI()->undoToken(0, 1));
+    memAPI()->writeValue(info.group, info.index, info.element, info.value,
+                         memAPI()->undoToken(0, 1));
 }

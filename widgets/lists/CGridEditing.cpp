@@ -80,8 +80,8 @@ void CGrid::connectionChange(int row, int column, bool withUndo)
     {
         const QScopedValueRollback recording(d->recording, d->recording + (withUndo ? 1 : 0));
         if (withUndo) {
-            auto record = d->openRecord(tr("%1, %2").arg(channelTitle(channel),
-                                                         fieldTitle(fieldOf(row, column))));
+            auto record = d->openRecord(
+                tr("%1, %2").arg(channelTitle(channel), fieldTitle(fieldOf(row, column))));
             d->note(record.get(), undoKey(row, column), row, column);
             d->commit(std::move(record));
         }
@@ -99,8 +99,9 @@ void CGrid::clearRow(int row)
 {
     if (!memAPI() || !d->rows.has(row))
         return;
-    auto record = d->openRecord(tr("%1 cleared").arg(
-        orientation() == ChannelsAcross ? fieldTitle(row) : channelTitle(row)));
+    auto record = d->openRecord(
+        tr("%1 cleared")
+            .arg(orientation() == ChannelsAcross ? fieldTitle(row) : channelTitle(row)));
     for (int column = 0; column < cols(); ++column)
         d->note(record.get(), undoKey(row, column), row, column);
     d->commit(std::move(record));
@@ -140,7 +141,8 @@ void CGrid::setAllChannelsForField(const int field, const bool on)
         const auto value = static_cast<quint32>(d->memory().getBitParam(*at));
         {
             const QScopedValueRollback recording(d->recording, d->recording + 1);
-            d->memory().setBitParam(*this, *at, static_cast<int>(on ? value | mask : value & ~mask));
+            d->memory().setBitParam(*this, *at,
+                                    static_cast<int>(on ? value | mask : value & ~mask));
         }
         Q_EMIT patchUpdated(rowOf(channel), columnOf(channel), on);
         if (!self || !memAPI())

@@ -51,8 +51,9 @@ void GridAccessible::announceState(CGrid &grid, int row, int column)
 
 QString GridAccessible::pairInWords(const CGrid &grid, int row, int column)
 {
-    return CGrid::tr("%1 to %2").arg(grid.channelTitle(grid.channelOf(row, column)),
-                                     grid.fieldTitle(grid.fieldOf(row, column)));
+    return CGrid::tr("%1 to %2")
+        .arg(grid.channelTitle(grid.channelOf(row, column)),
+             grid.fieldTitle(grid.fieldOf(row, column)));
 }
 
 QString GridAccessible::stateInWords(const CGrid &grid, int row, int column)

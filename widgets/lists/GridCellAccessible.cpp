@@ -64,8 +64,8 @@ QAccessible::State GridCellAccessible::state() const
     state.checked = !disabled && m_grid->valueAt(m_row, m_column);
     state.focusable = true;
     state.focused = m_grid->hasFocus() && m_grid->cursorCell() == QPoint(m_column, m_row);
-    state.offscreen = !m_grid->visibleRegion().intersects(
-        rect().translated(-m_grid->mapToGlobal(QPoint(0, 0))));
+    state.offscreen =
+        !m_grid->visibleRegion().intersects(rect().translated(-m_grid->mapToGlobal(QPoint(0, 0))));
     return state;
 }
 

@@ -25,9 +25,9 @@ void GridDisabledCells::add(QStringView text)
     static const QRegularExpression form(QStringLiteral(R"(\(\d+,\d+,\d+,\d+\))"));
     gridtext::forEachItem(text, u';', [this](QStringView item) {
         QString numbers = item.toString().remove(u' ');
-        const bool accepted
-            = form.match(numbers, 0, QRegularExpression::NormalMatch,
-                         QRegularExpression::AnchorAtOffsetMatchOption).hasMatch();
+        const bool accepted = form.match(numbers, 0, QRegularExpression::NormalMatch,
+                                         QRegularExpression::AnchorAtOffsetMatchOption)
+                                  .hasMatch();
         if (!accepted)
             return true;
         // What follows the closing parenthesis belongs to the last number, which it spoils.
@@ -39,7 +39,8 @@ void GridDisabledCells::add(QStringView text)
             return known < parts.size();
         });
         const auto [column, row, columns, rows] = parts;
-        m_rectangles.emplace_back(QPoint(column, row), QPoint(last(column, columns), last(row, rows)));
+        m_rectangles.emplace_back(QPoint(column, row),
+                                  QPoint(last(column, columns), last(row, rows)));
         return true;
     });
 }
@@ -48,6 +49,6 @@ bool GridDisabledCells::contains(int column, int row) const
 {
     return std::any_of(m_rectangles.begin(), m_rectangles.end(), [=](const QRect &each) {
         return column >= each.left() && column <= each.right() && row >= each.top()
-            && row <= each.bottom();
+               && row <= each.bottom();
     });
 }

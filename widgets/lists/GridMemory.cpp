@@ -40,7 +40,8 @@ int GridMemory::setBitParam(TMemProxy &proxy, const Address &at, int value) cons
         return IMemAPI::Failed;
     const TMemOriginHelper origin(m_memory, &proxy);
     if (m_switches == 0)
-        return m_memory->writeValue(at.group, at.index, at.element, value, m_memory->undoToken(0, 1));
+        return m_memory->writeValue(at.group, at.index, at.element, value,
+                                    m_memory->undoToken(0, 1));
     for (int bit = 0; bit < lengthOfRun(); ++bit) {
         const int on = static_cast<quint32>(value) >> bit & 1;
         const int token = m_memory->undoToken(0, 1);
@@ -56,6 +57,6 @@ void GridMemory::note(IUndoRecord &record, int key, const Address &at) const
     if (!m_memory)
         return;
     for (int bit = 0; bit < std::max(1, lengthOfRun()); ++bit)
-        record.add(key, {at.group, at.element, static_cast<qint16>(at.index + bit),
-                         readSingle(at, bit)});
+        record.add(
+            key, {at.group, at.element, static_cast<qint16>(at.index + bit), readSingle(at, bit)});
 }

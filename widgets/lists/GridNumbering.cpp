@@ -7,7 +7,8 @@
 
 void GridNumbering::removeFieldRange(int from, int to)
 {
-    const auto count = static_cast<qint16>(static_cast<unsigned>(to) - static_cast<unsigned>(from) + 1);
+    const auto count =
+        static_cast<qint16>(static_cast<unsigned>(to) - static_cast<unsigned>(from) + 1);
     if (count != 0)
         m_removed.push_back({static_cast<quint16>(from), count});
 }

@@ -194,7 +194,8 @@ void GridPanel::paintTitles(QPainter &painter)
         const int width = grid.cellRight(column) - grid.cellLeft(column);
         painter.setPen(column == d->column ? accentColor() : plain);
         painter.drawText(QRect(Gap - grid.y(), left, grid.y() - CaptionHeight, width),
-                         Qt::AlignVCenter | Qt::AlignLeft | Qt::TextDontClip, d->columnTitle(column));
+                         Qt::AlignVCenter | Qt::AlignLeft | Qt::TextDontClip,
+                         d->columnTitle(column));
     }
     painter.rotate(90);
 }
@@ -218,7 +219,8 @@ QMenu *GridPanel::bulkMenu(int row, int column)
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     CGrid *grid = d->grid;
-    menu->addAction(tr("Clear %1").arg(d->rowTitle(row)), grid, [grid, row] { grid->clearRow(row); });
+    menu->addAction(tr("Clear %1").arg(d->rowTitle(row)), grid,
+                    [grid, row] { grid->clearRow(row); });
     if (!grid->valueAsBitMask() || grid->addresses().isEmpty())
         return menu;
     const int field = grid->fieldOf(row, column);

@@ -14,7 +14,8 @@ int GridAddressing::offset(int group, int value, bool ignoreAlternate) const
 
 int GridAddressing::valueOfChannel(int group, int channel) const
 {
-    const auto written = static_cast<int>(numbering.remapSwapValues(static_cast<unsigned>(channel), true));
+    const auto written =
+        static_cast<int>(numbering.remapSwapValues(static_cast<unsigned>(channel), true));
     return static_cast<int>(static_cast<unsigned>(offset(group, written, false))
                             + static_cast<unsigned>(written));
 }

@@ -47,7 +47,8 @@ public:
 private:
     int column(qreal x) const
     {
-        return x == m_size.width() ? m_all.x() + m_all.width() : nearest(m_origin.x() + x * m_ratio);
+        return x == m_size.width() ? m_all.x() + m_all.width()
+                                   : nearest(m_origin.x() + x * m_ratio);
     }
     int row(qreal y) const
     {

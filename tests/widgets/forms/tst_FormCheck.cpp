@@ -106,9 +106,8 @@ void TestFormCheck::soundFormHasNoFinding_data()
     QTest::newRow("knob with more pictures than values")
         << with("CDial", address("kInputDynamics1/kKnee") + number("nSubImages", 10)
                              + picture("combinedImage"));
-    QTest::newRow("knob with fewer pictures than steps")
-        << with("CDial", address("2FkInputHA/kGain") + number("nSubImages", 10)
-                             + picture("combinedImage"));
+    QTest::newRow("knob with fewer pictures than steps") << with(
+        "CDial", address("2FkInputHA/kGain") + number("nSubImages", 10) + picture("combinedImage"));
     QTest::newRow("select key on any channel")
         << with("CSelectButton", yes("undoEnable") + address("kSelectedChannel/kChannel")
                                      + number("channelElement", 7));
@@ -161,8 +160,8 @@ void TestFormCheck::faultIsOneFindingWithItsPlace_data()
     row("rows do not divide", with("CDial", number("nSubImages", 7) + picture("combinedImage")),
         "picture", "combinedImage", "1 columns and 7 rows");
     row("columns do not divide",
-        with("COnOffButton", number("nSubImages", 4) + number("nImageCategories", 3)
-                                 + picture("combinedImage")),
+        with("COnOffButton",
+             number("nSubImages", 4) + number("nImageCategories", 3) + picture("combinedImage")),
         "picture", "combinedImage", "3 columns");
     row("strip that lies",
         with("CPixmapMeter", F::property("subDirection", "<enum>RowImages</enum>")
@@ -190,9 +189,8 @@ void TestFormCheck::faultIsOneFindingWithItsPlace_data()
         "namedAddress", "no element 3");
     row("state address unknown", with("CThresholdMeter", text("stateNamedAddress", "kInputOn/kNo")),
         "address", "stateNamedAddress", "kInputOn/kOn");
-    row("second address of a list unknown",
-        grid(address("kInputFader/kFader;08kMixFader/kFadr")), "address", "namedAddress",
-        "kMixFader/kFader");
+    row("second address of a list unknown", grid(address("kInputFader/kFader;08kMixFader/kFadr")),
+        "address", "namedAddress", "kMixFader/kFader");
     row("second address of a list without a count",
         grid(address("kInputFader/kFader;kMixFader/kFader")), "list", "namedAddress", "number");
     row("channels beyond the address",
@@ -205,8 +203,8 @@ void TestFormCheck::faultIsOneFindingWithItsPlace_data()
         "meterTableId", "99");
 
     row("knob of one picture",
-        with("CDial", address("00kInputHA/kGain") + picture("combinedImage")), "rows",
-        "nSubImages", "one picture");
+        with("CDial", address("00kInputHA/kGain") + picture("combinedImage")), "rows", "nSubImages",
+        "one picture");
     row("choices that share pictures",
         with("CDial", address("kInputDynamics1/kRatio") + number("nSubImages", 10)
                           + picture("combinedImage")),
@@ -232,8 +230,9 @@ void TestFormCheck::faultIsOneFindingWithItsPlace_data()
         with("CPixmapMeter",
              number("meterTableId", 1) + number("nSubImages", 5) + picture("combinedImage")),
         "rows", "nSubImages", "5 pictures for 8");
-    row("fields beyond the bits", with("CGrid", number("horCount", 33) + number("verCount", 4)
-                                                    + address("kInputAssign/kMixMask")),
+    row("fields beyond the bits",
+        with("CGrid",
+             number("horCount", 33) + number("verCount", 4) + address("kInputAssign/kMixMask")),
         "rows", "horCount", "33 fields");
 
     row("empty item", with("CPullDownMenu", text("menuItemList", "ONE;;TWO")), "list",
@@ -256,7 +255,8 @@ void TestFormCheck::faultIsOneFindingWithItsPlace_data()
         "disabledRects", "\"(2,2)\"");
     row("rectangle outside", grid(text("disabledRects", "(6,0,1,1)")), "list", "disabledRects",
         "no cell");
-    row("cell size out of range", grid(text("cellWidths", "5,51,7")), "list", "cellWidths", "\"51\"");
+    row("cell size out of range", grid(text("cellWidths", "5,51,7")), "list", "cellWidths",
+        "\"51\"");
     row("cell sizes too many", grid(text("cellHeights", "5,5,5,5,5")), "list", "cellHeights",
         "horCount is 4");
     row("cell sizes before the cells",
@@ -268,11 +268,14 @@ void TestFormCheck::faultIsOneFindingWithItsPlace_data()
         "ascending");
 
     row("name taken",
-        F::form(F::widget("CDial", named({})) + NextItem + "<widget class=\"QLabel\" name=\"it\"/>"),
+        F::form(F::widget("CDial", named({})) + NextItem
+                + "<widget class=\"QLabel\" name=\"it\"/>"),
         "name", "", "line 7");
-    row("no name for people", F::form(F::widget("CDial", {})), "accessibility", "accessibleName", "");
-    row("button without a text", F::form(F::widget("QToolButton", F::property("focusPolicy",
-                                                   "<enum>Qt::StrongFocus</enum>"))),
+    row("no name for people", F::form(F::widget("CDial", {})), "accessibility", "accessibleName",
+        "");
+    row("button without a text",
+        F::form(
+            F::widget("QToolButton", F::property("focusPolicy", "<enum>Qt::StrongFocus</enum>"))),
         "accessibility", "accessibleName", "");
     row("slot unknown",
         F::form(F::widget("CDial", named({})),
@@ -330,11 +333,13 @@ void TestFormCheck::repeatedFormIsCheckedForItsFirstAndLastChannel()
 {
     const QString strip = m_files.write(
         "strip.ui",
-        F::form(F::widget("CDial", text("accessibleName", "Input {ch}") + address("kInputHA/kGain"))
-                + NextItem + F::widget("CDial", text("accessibleName", "Pan {ch}") + address("kInputPan/kNo"))));
+        F::form(
+            F::widget("CDial", text("accessibleName", "Input {ch}") + address("kInputHA/kGain"))
+            + NextItem
+            + F::widget("CDial", text("accessibleName", "Pan {ch}") + address("kInputPan/kNo"))));
     const auto page = [](int channels) {
-        return F::form(F::widget("FormRepeater",
-                                 text("form", "strip.ui") + number("channels", channels)));
+        return F::form(
+            F::widget("FormRepeater", text("form", "strip.ui") + number("channels", channels)));
     };
     FormFindings findings = check(page(48));
     // The name, and the address that no channel has.
@@ -350,8 +355,7 @@ void TestFormCheck::repeatedFormIsCheckedForItsFirstAndLastChannel()
 void TestFormCheck::formThatRepeatsItselfIsTold()
 {
     const FormFindings findings = check(F::form(
-        F::widget("FormRepeater", text("form", "page.ui") + number("firstChannel", 1))
-        + NextItem
+        F::widget("FormRepeater", text("form", "page.ui") + number("firstChannel", 1)) + NextItem
         + F::widget("FormRepeater", text("form", "page.ui") + number("firstChannel", 2))));
     QVERIFY(!findings.isEmpty());
     QVERIFY2(findings.constLast().text().contains("itself"),
@@ -360,7 +364,8 @@ void TestFormCheck::formThatRepeatsItselfIsTold()
 
 void TestFormCheck::withoutAConsoleTheFormItselfIsChecked()
 {
-    const QString file = m_files.write("page.ui", with("CDial", address("no/no") + text("title", "y")));
+    const QString file =
+        m_files.write("page.ui", with("CDial", address("no/no") + text("title", "y")));
     const FormFindings findings = checkForm(file);
     QCOMPARE(findings.size(), 1);
     QCOMPARE(findings.constFirst().property, "title");
@@ -410,11 +415,11 @@ void TestFormCheck::hostileFileIsOneFinding()
 void TestFormCheck::findingsHaveAnEnd()
 {
     const QByteArray items = QByteArray("x,").repeated(200000);
-    const FormFindings findings =
-        check(with("CGrid", number("horCount", 32767) + number("verCount", 32767)
-                                + text("cellWidths", items) + text("cellHeights", items)
-                                + text("channelTitles", QByteArray("A 1..2000000000;").repeated(9999))
-                                + address(QByteArray(200000, 'k') + '/' + QByteArray(200000, 'k'))));
+    const FormFindings findings = check(
+        with("CGrid", number("horCount", 32767) + number("verCount", 32767)
+                          + text("cellWidths", items) + text("cellHeights", items)
+                          + text("channelTitles", QByteArray("A 1..2000000000;").repeated(9999))
+                          + address(QByteArray(200000, 'k') + '/' + QByteArray(200000, 'k'))));
     QCOMPARE(findings.size(), MostFormFindings);
 }
 

@@ -225,7 +225,8 @@ void tst_CGrid::attachesEveryFieldAgain()
     const QString field = QStringLiteral("attachProxy %1 0").arg(packedAddress(40, 0, 6));
     QCOMPARE(rig.memory.take(), QStringList(field));
     rig.grid.disconnectMemAPI();
-    QVERIFY(rig.memory.take().contains(QStringLiteral("detachProxy %1").arg(packedAddress(40, 0, 6))));
+    QVERIFY(
+        rig.memory.take().contains(QStringLiteral("detachProxy %1").arg(packedAddress(40, 0, 6))));
     rig.memory.bind(rig.grid, 3, 7, 0);
     QVERIFY(rig.memory.take().contains(field));
 }

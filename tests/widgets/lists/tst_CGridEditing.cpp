@@ -136,7 +136,8 @@ void tst_CGridEditing::onlyALeftClickOnOneCellConnects_data()
     QTest::newRow("another cell") << QPoint(16, 3) << QPoint(30, 3) << Qt::LeftButton << 0;
     QTest::newRow("right button") << QPoint(16, 3) << QPoint(16, 3) << Qt::RightButton << 0;
     QTest::newRow("released outside") << QPoint(3, 3) << QPoint(-5, 3) << Qt::LeftButton << 0;
-    QTest::newRow("behind the last line") << QPoint(115, 3) << QPoint(115, 3) << Qt::LeftButton << 0;
+    QTest::newRow("behind the last line")
+        << QPoint(115, 3) << QPoint(115, 3) << Qt::LeftButton << 0;
     QTest::newRow("disabled cell") << QPoint(32, 20) << QPoint(32, 20) << Qt::LeftButton << 0;
 }
 
@@ -173,10 +174,11 @@ void tst_CGridEditing::aReceiverMayVeto()
     rig.bind();
     rig.grid.removeFieldRange(1, 4);
     QVariantList told;
-    connect(&rig.grid, &CGrid::aboutToChangeValue, this, [&](CGrid *grid, int channel, int field, int value) {
-        told = {channel, field, value};
-        grid->setChangeOperationCancelled(true);
-    });
+    connect(&rig.grid, &CGrid::aboutToChangeValue, this,
+            [&](CGrid *grid, int channel, int field, int value) {
+                told = {channel, field, value};
+                grid->setChangeOperationCancelled(true);
+            });
     rig.click(2, 4);
     QCOMPARE(told, QVariantList({4, 6, 7}));
     QCOMPARE(rig.writes(), QStringList());

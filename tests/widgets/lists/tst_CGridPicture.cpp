@@ -84,7 +84,8 @@ void tst_CGridPicture::showsWhatTheMemoryHolds()
     }
     for (int row = 0; row < 6; ++row) {
         for (int column = 0; column < 8; ++column) {
-            const bool shown = rig.grid.valueAt(row, column) && !rig.grid.isCellDisabled(row, column);
+            const bool shown =
+                rig.grid.valueAt(row, column) && !rig.grid.isCellDisabled(row, column);
             QCOMPARE(rig.hasBall(row, column), shown);
         }
     }
@@ -106,9 +107,11 @@ void tst_CGridPicture::drawsInTheRequiredOrder()
     const auto at = [&](int x, int y) { return picture.pixelColor(x, y); };
     const QRect disabled = cellRect(rig.grid, 2, 2);
     QCOMPARE(at(disabled.left(), disabled.top()), QColor(200, 200, 200));
-    QCOMPARE(at(disabled.center().x(), disabled.center().y()), QColor(Qt::yellow)); // the bar over it
+    QCOMPARE(at(disabled.center().x(), disabled.center().y()),
+             QColor(Qt::yellow)); // the bar over it
     QCOMPARE(at(disabled.center().x(), disabled.center().y() + 3), QColor(200, 200, 200));
-    QCOMPARE(at(disabled.right() + 1, disabled.center().y()), QColor(Qt::blue)); // lines over the bar
+    QCOMPARE(at(disabled.right() + 1, disabled.center().y()),
+             QColor(Qt::blue)); // lines over the bar
     QCOMPARE(at(rig.centre(2, 3).x(), rig.centre(2, 3).y()), QColor(Qt::green)); // balls over all
     QCOMPARE(at(rig.centre(5, 3).x(), rig.grid.cellTop(5)), QColor(Qt::yellow));
     QEvent leave(QEvent::Leave);
@@ -146,10 +149,11 @@ void tst_CGridPicture::readsOnlyForExposedCells_data()
     QTest::addColumn<int>("layout");
     QTest::addColumn<QStringList>("reads"); // for rows 2-3 of columns 1-2
     QTest::newRow("masks") << 1 << QStringList{"readValue 3 7 1", "readValue 3 7 2"};
-    QTest::newRow("fields name channels") << 2 << QStringList{"readValue 40 0 2", "readValue 40 0 3"};
+    QTest::newRow("fields name channels")
+        << 2 << QStringList{"readValue 40 0 2", "readValue 40 0 3"};
     QTest::newRow("switches") << 3
-                              << QStringList{"readValue 3 10 1", "readValue 3 9 1", "readValue 3 10 2",
-                                             "readValue 3 9 2"};
+                              << QStringList{"readValue 3 10 1", "readValue 3 9 1",
+                                             "readValue 3 10 2", "readValue 3 9 2"};
 }
 
 void tst_CGridPicture::readsOnlyForExposedCells()

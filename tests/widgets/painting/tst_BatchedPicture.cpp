@@ -4,8 +4,8 @@
 #include "testkit/TestStrip.h"
 #include "widgets/controls/CDial.h"
 #include "widgets/meters/CMeter.h"
-#include "widgets/painting/PictureBatches.h"
 #include "widgets/painting/DrawnRegion.h"
+#include "widgets/painting/PictureBatches.h"
 
 #include <QBackingStore>
 #include <QGraphicsColorizeEffect>
