@@ -65,6 +65,15 @@ void prepareEnvironment(const EditorOptions &options)
         qputenv("QT_IM_MODULE", "compose");
 }
 
+/// What a page scrolls is painted anew under X11. Moving the pixels is quicker, but Qt does that on the
+/// server alone, and sometimes the screen goes on showing them where they were.
+void prepareScrolling()
+{
+    if (QGuiApplication::platformName() == QLatin1String("xcb")
+        && !qEnvironmentVariableIsSet("QT_NO_FAST_MOVE"))
+        qputenv("QT_NO_FAST_MOVE", "1");
+}
+
 QString ownFile(QStandardPaths::StandardLocation location, const char *name)
 {
     return QDir(QStandardPaths::writableLocation(location)).filePath(name);
@@ -207,6 +216,7 @@ int main(int argc, char **argv)
     }
     prepareEnvironment(early);
     QApplication application(argc, argv);
+    prepareScrolling();
     QApplication::setApplicationName("console-editor");
     QApplication::setApplicationVersion(CONSOLEWIDGETS_VERSION);
     // Qt has taken its own options out of the arguments.
