@@ -12,11 +12,6 @@ QString metering::levelText(const TMemProxy &proxy, int code)
     return binding::display(proxy, code, binding::range(proxy)).text;
 }
 
-bool metering::fits(const QSizeF &size, const QWidget &widget)
-{
-    return size.width() <= widget.width() && size.height() <= widget.height();
-}
-
 bool metering::hides(const QPixmap &picture, const QSizeF &size, const QWidget &widget)
 {
     return !picture.isNull() && !picture.hasAlphaChannel() && size.width() >= widget.width()

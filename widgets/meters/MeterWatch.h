@@ -48,9 +48,6 @@ void followLook(Meter &meter, const QEvent &event, void (Meter::*polish)(),
 /// A level code as the display text of the meter's parameter; empty while it is not attached.
 QString levelText(const TMemProxy &proxy, int code);
 
-/// Whether a picture of that size (device-independent) stays inside a widget.
-bool fits(const QSizeF &size, const QWidget &widget);
-
 /// Whether a picture of that size (device-independent) hides a widget wholly.
 bool hides(const QPixmap &picture, const QSizeF &size, const QWidget &widget);
 

@@ -21,9 +21,6 @@ public:
     /// `device` is what the store is painted on.
     explicit StorePixels(QPaintDevice &device);
 
-    /// Whether there are pixels that can be drawn into.
-    bool isValid() const { return !m_image.isNull(); }
-
     /// Draws a control's picture, the control's corner being at `corner` in the window,
     /// device-independent. First comes `ground`, if there is one, of exactly the control's pixels.
     /// Draws the pixels of the control and no others.
