@@ -3,7 +3,6 @@
 
 #include "companions/memory/ParameterMemory.h"
 #include "editor/MainWindow.h"
-#include "editor/soak/ScreenCamera.h"
 #include "editor/soak/ShownValue.h"
 #include "editor/soak/SoakWindows.h"
 #include "editor/soak/WindowPicture.h"
@@ -57,7 +56,8 @@ void Checker::repeatBlinkStep()
 void Checker::quieten()
 {
     QApplication::setCursorFlashTime(0);
-    if (screencamera::isThere())
+    if (QGuiApplication::platformName()
+        == QLatin1String("xcb")) // Wayland leaves the pointer to its owner
         QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
 }
 
