@@ -98,11 +98,12 @@ public:
     /// How many channels, or fields, there are along their axis.
     int channels() const { return orientation() == ChannelsAcross ? cols() : rows(); }
     int fields() const { return orientation() == ChannelsAcross ? rows() : cols(); }
-    /// The channel, or the field, that a cell connects.
+    /// The channel that a cell connects.
     int channelOf(int row, int column) const
     {
         return orientation() == ChannelsAcross ? column : row;
     }
+    /// The field that a cell connects.
     int fieldOf(int row, int column) const
     {
         return orientation() == ChannelsAcross ? row : column;

@@ -12,6 +12,7 @@ namespace picturebatches {
 /// Whether there are batches, for all controls; true at first. Without them every new picture brings a
 /// paint event.
 CONSOLEWIDGETS_EXPORT void setEnabled(bool enabled);
+/// See setEnabled().
 CONSOLEWIDGETS_EXPORT bool areEnabled();
 
 } // namespace picturebatches
